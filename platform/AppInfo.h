@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/RunningApplication.h"
+
+#include <QString>
+
+namespace skipnest::platform {
+
+// What the program knows of itself and where it keeps things. A plain value, filled by the backend
+// at start. Folders are absolute, without a trailing slash, and may not exist yet.
+struct AppInfo {
+    ProcessIdentifier pid;
+    QString bundlePath;
+    QString bundleIdentifier;
+    QString version;
+    QString build;
+    QString home;
+    QString supportFolder; // config.json, defaults.json, Backups, stats.json
+    QString logFolder;     // Skipnest-debug.log
+    QString runtimeFolder; // control socket, instance lock; user-only
+    QString liteConfig;    // the lighter edition's document; empty where there is none
+};
+
+} // namespace skipnest::platform

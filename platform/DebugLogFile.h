@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/Diagnostics.h"
+#include "platform/Scheduler.h"
+#include "platform/WallClock.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <memory>
+
+namespace skipnest::platform {
+
+// The debug log: "Skipnest-debug.log" in a folder of the user's, one line an entry: local ISO time
+// with milliseconds, a blank, the text with control characters escaped. At 5 MB the file becomes
+// "Skipnest-debug.log.old" (one is kept) and a new one begins. 0600 in a 0700 folder.
+//
+// Lines are written when the event at hand has been dealt with, so that a key press never waits for
+// a disk. A log that cannot be written is silent: there is nobody left to tell.
+class DebugLogFile final : public Diagnostics {
+public:
+    DebugLogFile(QString folder, Scheduler& scheduler, const WallClock& clock);
+    ~DebugLogFile() override;
+
+    void log(const QString& line) override;
+    void print(const QString& line) override;
+
+    // Writes what has been gathered so far.
+    void flush();
+
+private:
+    bool open();
+    void rotate();
+
+    Scheduler& scheduler_;
+    const WallClock& clock_;
+    QFile file_;
+    QByteArray pending_;
+    bool flushPosted_ = false;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+// The text with every control character (line breaks and the C1 range too) as \n, \r, \t or \u00xx,
+// so that one entry is one line whatever a window is called.
+[[nodiscard]] QString escapedForLog(const QString& text);
+
+} // namespace skipnest::platform

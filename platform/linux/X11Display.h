@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/Observers.h"
+#include "platform/Scheduler.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QByteArray>
+#include <QHash>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+
+namespace skipnest::linuxdesktop {
+
+struct FreeDeleter {
+    void operator()(void* memory) const { std::free(memory); }
+};
+// Owns what xcb hands out with malloc: replies, errors, events.
+template <typename T> using XcbPtr = std::unique_ptr<T, FreeDeleter>;
+
+// Qt's own connection to the X server, shared by everything in this folder that talks X11, so that
+// all events arrive in one order on the main thread. Exists only while the program runs on Qt's xcb
+// platform.
+class X11Display final : public QAbstractNativeEventFilter {
+public:
+    // Null where the program does not run on an X server.
+    [[nodiscard]] static std::unique_ptr<X11Display> open(platform::Scheduler& scheduler);
+    ~X11Display() override;
+
+    [[nodiscard]] xcb_connection_t* connection() const { return connection_; }
+    [[nodiscard]] xcb_window_t root() const { return root_; }
+    [[nodiscard]] xcb_atom_t atom(const char* name) const; // interned once, then from memory
+
+    // Every X event of the connection, before Qt sees it; none is taken away from Qt.
+    [[nodiscard]] platform::Observation
+    observeEvents(std::function<void(const xcb_generic_event_t&)> observer);
+
+    // Adds to what this connection hears of a window without taking away what Qt selected there.
+    void addEventMask(xcb_window_t window, std::uint32_t mask) const;
+
+    // Server time on the program's own time line. The offset is the smallest one seen: events are
+    // late by the queue, never early. Survives the wrap of the server's 32 bits of milliseconds.
+    [[nodiscard]] platform::Instant instant(xcb_timestamp_t serverTime);
+    // Server time of the newest key or button event noted; what activation requests carry.
+    [[nodiscard]] xcb_timestamp_t lastInputTime() const { return lastInputTime_; }
+    void noteInputTime(xcb_timestamp_t time) { lastInputTime_ = time; }
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+private:
+    X11Display(xcb_connection_t* connection, xcb_window_t root, platform::Scheduler& scheduler);
+
+    xcb_connection_t* connection_;
+    xcb_window_t root_;
+    platform::Scheduler& scheduler_;
+    mutable QHash<QByteArray, xcb_atom_t> atoms_;
+    platform::Observers<const xcb_generic_event_t&> observers_;
+    std::optional<platform::Duration> serverTimeOffset_;
+    xcb_timestamp_t lastServerTime_ = 0;
+    std::int64_t serverTimeWraps_ = 0;
+    xcb_timestamp_t lastInputTime_ = XCB_CURRENT_TIME;
+};
+
+} // namespace skipnest::linuxdesktop
