@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/linux/LinuxAppInfo.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <array>
+#include <optional>
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace skipnest::linuxdesktop {
+namespace {
+
+std::optional<QString> absoluteFolder(const QProcessEnvironment& environment,
+                                      const QString& variable) {
+    const QString value = environment.value(variable);
+    if (!value.startsWith(u'/'))
+        return std::nullopt;
+    return QDir::cleanPath(value);
+}
+
+QString homeFolder(const QProcessEnvironment& environment) {
+    if (const auto home = absoluteFolder(environment, QStringLiteral("HOME")))
+        return *home;
+    std::array<char, 16384> text{};
+    passwd entry{};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, text.data(), text.size(), &found) == 0 &&
+        found != nullptr && found->pw_dir != nullptr && found->pw_dir[0] == '/')
+        return QDir::cleanPath(QFile::decodeName(found->pw_dir));
+    return QStringLiteral("/");
+}
+
+bool isOwnFolder(const QString& path) {
+    struct stat status {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == ::geteuid();
+}
+
+// Avoids "//Skipnest" for the folder "/".
+QString inside(const QString& folder, const QString& name) {
+    return QDir::cleanPath(folder + u'/' + name);
+}
+
+} // namespace
+
+platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
+    const QString own = QStringLiteral("Skipnest");
+    platform::AppInfo app;
+    app.pid.value = ::getpid();
+    app.bundlePath = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+    app.bundleIdentifier = QStringLiteral("com.skipnest.Skipnest");
+    app.version = QStringLiteral(SKIPNEST_VERSION);
+    app.build = QStringLiteral(SKIPNEST_BUILD);
+    app.home = homeFolder(environment);
+    app.supportFolder = inside(absoluteFolder(environment, QStringLiteral("XDG_CONFIG_HOME"))
+                                   .value_or(inside(app.home, QStringLiteral(".config"))),
+                               own);
+    app.logFolder = inside(absoluteFolder(environment, QStringLiteral("XDG_STATE_HOME"))
+                               .value_or(inside(app.home, QStringLiteral(".local/state"))),
+                           own);
+    const auto runtime = absoluteFolder(environment, QStringLiteral("XDG_RUNTIME_DIR"));
+    app.runtimeFolder = runtime && isOwnFolder(*runtime) ? inside(*runtime, own) : app.logFolder;
+    return app;
+}
+
+} // namespace skipnest::linuxdesktop

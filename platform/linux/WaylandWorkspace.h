@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/SessionKind.h"
+#include "platform/linux/WaylandActivation.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace skipnest::linuxdesktop {
+
+// Opening things in a session that does not tell which applications run: a Wayland session, where a
+// program is brought to the front by starting it with an activation token, or one without any
+// display, where opening is refused.
+class WaylandWorkspace final : public platform::Workspace {
+public:
+    // `waylandSocket` as waylandSocketPath() finds it; only used where `session` is Wayland.
+    WaylandWorkspace(SessionKind session, const QString& waylandSocket, DesktopEntries& entries,
+                     platform::Scheduler& scheduler);
+
+    // The token for the next thing opened, in place of one of our own: what the compositor gave to
+    // the `skipnest jump` that it started for a key press (its XDG_ACTIVATION_TOKEN). Empty takes
+    // back one that was not used.
+    void setNextActivationToken(const QString& token) { nextToken_ = token; }
+
+    [[nodiscard]] platform::Availability availability() const override;
+    [[nodiscard]] bool isApplication(const QString& path) const override;
+    [[nodiscard]] QString displayName(const QString& path) const override;
+    [[nodiscard]] QString bundleIdentifier(const QString& path) const override;
+    [[nodiscard]] std::optional<QString> defaultApplication(const QString& path) const override;
+    [[nodiscard]] std::vector<platform::RunningApplication> runningApplications() const override;
+    [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override;
+    void openApplication(const QString& path, OpenCompletion completion) override;
+    void openFile(const QString& path, OpenCompletion completion) override;
+    [[nodiscard]] platform::Observation
+    observeActivations(std::function<void(const platform::RunningApplication&)> activated) override;
+
+private:
+    using Launch = std::function<platform::Outcome(const QString& token)>;
+    void launchWithToken(const QString& entryPath, Launch launch, OpenCompletion completion);
+    void refuse(platform::Failure failure, OpenCompletion completion);
+
+    SessionKind session_;
+    DesktopEntries& entries_;
+    platform::Scheduler& scheduler_;
+    WaylandActivation activation_;
+    QString nextToken_;
+};
+
+} // namespace skipnest::linuxdesktop
