@@ -43,6 +43,11 @@ public:
     // Opens a file or folder with its default application.
     virtual void openFile(const QString& path, OpenCompletion completion) = 0;
 
+    // The desktop's permission for the next open request to take the focus, as the program that
+    // asks got it with the key press (Wayland: XDG_ACTIVATION_TOKEN). Empty for none. Desktops that
+    // need no such permission ignore it.
+    virtual void setNextActivationToken(const QString& token) = 0;
+
     // Told on the main thread after an application has come to the front.
     [[nodiscard]] virtual Observation
     observeActivations(std::function<void(const RunningApplication&)> activated) = 0;

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "app/Agent.h"
+
+#include "platform/Diagnostics.h"
+#include "platform/Files.h"
+
+#include <QStringBuilder>
+
+#include <utility>
+
+namespace skipnest::app {
+
+using platform::Outcome;
+
+Agent::Agent(const platform::Backend& backend, std::function<void(int)> quit)
+    : backend_(backend), quit_(std::move(quit)), takeover_(backend.ports()) {
+}
+
+Agent::~Agent() = default;
+
+void Agent::start() {
+    const platform::Ports& ports = backend_.ports();
+    for (const QString& folder :
+         {ports.app.supportFolder, ports.app.logFolder, ports.app.runtimeFolder})
+        (void)ports.files.createFolder(folder);
+    takeover_.begin([this](platform::Result<InstanceTakeover::Taken> taken) {
+        if (taken)
+            return launch(std::move(taken).value());
+        backend_.ports().diagnostics.print(u"[Skipnest] Cannot start: " % taken.failure().detail);
+        quit_(1);
+    });
+}
+
+void Agent::launch(InstanceTakeover::Taken taken) {
+    const platform::Ports& ports = backend_.ports();
+    instance_ = std::move(taken.agent);
+    delegate_ = std::make_unique<AppDelegate>(ports);
+    delegate_->launch();
+    // From here on the keys that were held back find their grabs.
+    taken.keys.reset();
+
+    commands_ = std::make_unique<ControlCommands>(
+        *delegate_, backend_,
+        ControlCommands::Requests{
+            .quit = [this] { backend_.ports().scheduler.post([this] { quit_(0); }); },
+            .handOver = [this] { handOver(); },
+        });
+    socket_ = std::make_unique<ControlSocket>(
+        ports.peers, ports.scheduler,
+        [this](const QJsonObject& request, const ControlSocket::Reply& reply) {
+            commands_->handle(request, reply);
+        });
+    if (const Outcome listening = socket_->listen(controlSocketPath(ports.app.runtimeFolder));
+        !listening)
+        ports.diagnostics.print(u"[Skipnest] The command line cannot reach this agent: " %
+                                listening.failure().detail);
+}
+
+void Agent::handOver() {
+    delegate_->hotkeys().unregisterAll();
+    socket_->close();
+    instance_.reset();
+    // A last round of the event loop sends the answer.
+    backend_.ports().scheduler.post([this] { quit_(0); });
+}
+
+} // namespace skipnest::app

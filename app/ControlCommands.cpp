@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "app/ControlCommands.h"
+
+#include "app/HotkeyListing.h"
+#include "app/ShortcutVerbs.h"
+
+#include <QStringBuilder>
+
+#include <utility>
+
+namespace skipnest::app {
+
+using model::ShortcutItem;
+using platform::CycleDirection;
+
+namespace {
+
+double milliseconds(platform::Duration duration) {
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+QString stateName(model::StorageState::Kind kind) {
+    switch (kind) {
+    case model::StorageState::Kind::missing:
+        return QStringLiteral("new");
+    case model::StorageState::Kind::loaded:
+        return QStringLiteral("loaded");
+    case model::StorageState::Kind::broken:
+        return QStringLiteral("broken");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+ControlCommands::ControlCommands(AppDelegate& agent, const platform::Backend& backend,
+                                 Requests requests)
+    : agent_(agent), backend_(backend), requests_(std::move(requests)) {
+}
+
+void ControlCommands::handle(const QJsonObject& request, const ControlSocket::Reply& reply) {
+    const QString verb = request.value(u"verb").toString();
+    if (verb == u"jump")
+        return jump(request, reply);
+    if (verb == u"hide")
+        return reply(hide(request));
+    if (verb == u"add")
+        return reply(addVerb(agent_.viewModel(), agent_.ports().files, request));
+    if (verb == u"remove")
+        return reply(removeVerb(agent_.viewModel(), request));
+    if (verb == u"list")
+        return reply(ControlReply::success(listVerb(agent_.viewModel())));
+    if (verb == u"restore")
+        return reply(restore(request));
+    if (verb == u"next-window")
+        return reply(cycle(CycleDirection::next));
+    if (verb == u"previous-window")
+        return reply(cycle(CycleDirection::previous));
+    if (verb == u"status")
+        return reply(status());
+    if (verb == u"quit") {
+        reply(ControlReply::success(true));
+        return requests_.quit();
+    }
+    if (verb == u"replace") {
+        requests_.handOver();
+        return reply(ControlReply::success(true));
+    }
+    reply(ControlReply::failure(u"unknown verb \"" % verb % u"\""));
+}
+
+void ControlCommands::jump(const QJsonObject& request, const ControlSocket::Reply& reply) {
+    const auto named = namedShortcut(agent_.viewModel(), request);
+    if (const auto* refusal = std::get_if<ControlReply>(&named))
+        return reply(*refusal);
+    const ShortcutItem& item = std::get<ShortcutItem>(named);
+    const platform::Ports& ports = agent_.ports();
+    ports.workspace.setNextActivationToken(request.value(u"token").toString());
+    agent_.jumps().jump(
+        item, ports.scheduler.now(), [reply, item](const hotkeys::JumpArrival& arrival) {
+            const QJsonObject result{{QStringLiteral("item"), item.name},
+                                     {QStringLiteral("arrived"), arrival.arrived},
+                                     {QStringLiteral("ms"), milliseconds(arrival.took)}};
+            if (arrival.arrived)
+                return reply(ControlReply::success(result));
+            reply(ControlReply::failure(arrival.reason.isEmpty()
+                                            ? u'"' % item.name % u"\" did not arrive within 1 s"
+                                            : arrival.reason,
+                                        {{QStringLiteral("result"), result}}));
+        });
+}
+
+ControlReply ControlCommands::hide(const QJsonObject& request) {
+    const auto named = namedShortcut(agent_.viewModel(), request);
+    if (const auto* refusal = std::get_if<ControlReply>(&named))
+        return *refusal;
+    const ShortcutItem& item = std::get<ShortcutItem>(named);
+    agent_.jumps().hide(item);
+    return ControlReply::success(QJsonObject{{QStringLiteral("item"), item.name}});
+}
+
+ControlReply ControlCommands::cycle(CycleDirection direction) {
+    agent_.cycler().cycle(direction);
+    return ControlReply::success(true);
+}
+
+ControlReply ControlCommands::restore(const QJsonObject& request) {
+    const ControlReply reply = restoreVerb(agent_.storage(), request);
+    if (reply.done)
+        agent_.viewModel().reload();
+    return reply;
+}
+
+ControlReply ControlCommands::status() const {
+    const platform::Ports& ports = agent_.ports();
+    const model::StorageState storage = agent_.storage().state();
+    QJsonObject configuration{
+        {QStringLiteral("path"), ports.app.supportFolder + QStringLiteral("/config.json")},
+        {QStringLiteral("state"), stateName(storage.kind)},
+    };
+    if (storage.kind == model::StorageState::Kind::broken) {
+        configuration.insert(QStringLiteral("reason"), storage.reason);
+        configuration.insert(QStringLiteral("snapshot"), storage.newestSnapshot
+                                                             ? QJsonValue(*storage.newestSnapshot)
+                                                             : QJsonValue());
+    }
+    const platform::Availability hotkeys = ports.hotkeys.availability();
+    QJsonObject result{
+        {QStringLiteral("pid"), qint64(ports.app.pid.value)},
+        {QStringLiteral("version"), ports.app.version},
+        {QStringLiteral("session"), backend_.session()},
+        {QStringLiteral("config"), configuration},
+        {QStringLiteral("shortcuts"), qint64(agent_.viewModel().shortcuts().size())},
+        {QStringLiteral("hotkeys"), hotkeysJson(agent_.hotkeys().registered())},
+        {QStringLiteral("refused"), refusedJson(agent_.hotkeys().refused())},
+        {QStringLiteral("timers"), QJsonArray::fromStringList(backend_.runningTimers())},
+    };
+    if (hotkeys.state != platform::Availability::State::available) {
+        result.insert(QStringLiteral("notBound"),
+                      QJsonObject{{QStringLiteral("reason"), hotkeys.reason},
+                                  {QStringLiteral("remedy"), hotkeys.remedy}});
+    }
+    if (const auto& last = agent_.jumps().arrivals().last())
+        result.insert(QStringLiteral("lastJump"),
+                      QJsonObject{{QStringLiteral("arrived"), last->arrived},
+                                  {QStringLiteral("ms"), milliseconds(last->took)}});
+    return ControlReply::success(result);
+}
+
+} // namespace skipnest::app

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "cli/CommandLine.h"
+
+namespace skipnest::cli {
+
+// Pure: no display, no running agent, nothing written.
+ExitStatus runCombo(const Arguments& arguments, const Context& context);
+ExitStatus runConfigCheck(const Arguments& arguments, const Context& context);
+ExitStatus runHotkeys(const Arguments& arguments, const Context& context);
+ExitStatus runReplay(const Arguments& arguments, const Context& context);
+
+ExitStatus runDoctor(const Arguments& arguments, const Context& context);
+
+// To the running agent.
+ExitStatus runJump(const Arguments& arguments, const Context& context);
+ExitStatus runHide(const Arguments& arguments, const Context& context);
+ExitStatus runRestore(const Arguments& arguments, const Context& context);
+ExitStatus runNextWindow(const Arguments& arguments, const Context& context);
+ExitStatus runPreviousWindow(const Arguments& arguments, const Context& context);
+ExitStatus runStatus(const Arguments& arguments, const Context& context);
+ExitStatus runQuit(const Arguments& arguments, const Context& context);
+// To the running agent, else on the configuration file.
+ExitStatus runAdd(const Arguments& arguments, const Context& context);
+ExitStatus runRemove(const Arguments& arguments, const Context& context);
+ExitStatus runList(const Arguments& arguments, const Context& context);
+
+} // namespace skipnest::cli

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hotkeys/ArrivalWatch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace skipnest::hotkeys {
+
+using platform::RunningApplication;
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A running application that is asked to come to the front is there within 5 ms on the window
+// managers measured; one that is not after 150 ms was refused.
+constexpr platform::Duration checkEvery = 150ms;
+constexpr platform::Duration giveUpAfter = 1s;
+
+QString milliseconds(platform::Duration duration) {
+    return QString::number(std::chrono::duration<double, std::milli>(duration).count(), 'f', 0);
+}
+
+} // namespace
+
+ArrivalWatch::ArrivalWatch(platform::Workspace& workspace,
+                           platform::ApplicationControl& applications,
+                           platform::Diagnostics& diagnostics, platform::Scheduler& scheduler)
+    : workspace_(workspace), applications_(applications), diagnostics_(diagnostics),
+      scheduler_(scheduler), activations_(workspace.observeActivations(
+                                 [this](const RunningApplication& app) { activated(app); })) {
+}
+
+void ArrivalWatch::begin(const JumpDestination& destination, const QString& name,
+                         platform::Instant pressed, Completion completion) {
+    if (watch_)
+        end(Outcome::missed);
+    if (destination.path.isEmpty()) {
+        if (completion)
+            completion({false, {}, QStringLiteral("nothing is known to open it")});
+        return;
+    }
+    watch_ = Watch{destination, name, pressed, std::move(completion)};
+    armCheck();
+}
+
+void ArrivalWatch::abandon(const QString& reason) {
+    if (watch_)
+        end(Outcome::missed, reason);
+}
+
+void ArrivalWatch::armCheck() {
+    checkTimer_ = scheduler_.after(checkEvery, "jump arrival", [this] { check(); });
+}
+
+void ArrivalWatch::activated(const RunningApplication& app) {
+    if (watch_ && watch_->destination.isReachedBy(app))
+        end(Outcome::arrived);
+}
+
+void ArrivalWatch::check() {
+    const auto front = workspace_.frontmostApplication();
+    if (front && watch_->destination.isReachedBy(*front))
+        return end(Outcome::arrived);
+    if (scheduler_.now() - watch_->pressed >= giveUpAfter) {
+        diagnostics_.log(QStringLiteral("jump: '%1' did not arrive within %2 ms")
+                             .arg(watch_->name, milliseconds(giveUpAfter)));
+        return end(Outcome::missed);
+    }
+    const std::vector<RunningApplication> running = workspace_.runningApplications();
+    const auto target = std::ranges::find_if(running, [this](const RunningApplication& app) {
+        return watch_->destination.isReachedBy(app);
+    });
+    if (target != running.end() && !watch_->triedSecondWay) {
+        watch_->triedSecondWay = true;
+        (void)applications_.activate(target->pid, platform::ActivationOption::ignoringOtherApps);
+    }
+    armCheck();
+}
+
+void ArrivalWatch::end(Outcome outcome, const QString& reason) {
+    checkTimer_.reset();
+    const Watch watch = std::move(*std::exchange(watch_, std::nullopt));
+    last_ = JumpArrival{outcome == Outcome::arrived, scheduler_.now() - watch.pressed, reason};
+    if (last_->arrived && watch.triedSecondWay)
+        diagnostics_.log(QStringLiteral("jump: '%1' refused by the desktop, activated past it, "
+                                        "arrived in %2 ms")
+                             .arg(watch.name, milliseconds(last_->took)));
+    if (watch.completion)
+        watch.completion(*last_);
+}
+
+} // namespace skipnest::hotkeys

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/Diagnostics.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace skipnest::hotkeys {
+
+// Where a jump should end: an application, by path or identifier, that then is in front.
+struct JumpDestination {
+    QString path;             // of the application
+    QString bundleIdentifier; // empty where it has none
+
+    [[nodiscard]] bool isReachedBy(const platform::RunningApplication& app) const {
+        return (!path.isEmpty() && app.bundlePath == path) ||
+               (!bundleIdentifier.isEmpty() && app.bundleIdentifier == bundleIdentifier);
+    }
+};
+
+struct JumpArrival {
+    bool arrived = false;
+    platform::Duration took{}; // from the key press (or the request) to the target in front
+    QString reason;            // why it did not arrive, where that is known
+};
+
+// Looks whether a jump got where it was going. A window manager may refuse to hand over the focus
+// without a word: when the target runs and is not in front 150 ms after it was asked to be, the way
+// past the window manager is tried, once, and the log says which way worked. After a second the
+// jump counts as not arrived; a program that is still starting may come later by itself.
+class ArrivalWatch {
+public:
+    using Completion = std::function<void(const JumpArrival&)>;
+
+    ArrivalWatch(platform::Workspace& workspace, platform::ApplicationControl& applications,
+                 platform::Diagnostics& diagnostics, platform::Scheduler& scheduler);
+
+    // Begins to watch before the request is made, so that no arrival is missed. A later jump ends
+    // the earlier ones: the person is on the way somewhere else. `completion` is called once; a
+    // destination without a path (nobody knows what opens the target) cannot be watched.
+    void begin(const JumpDestination& destination, const QString& name, platform::Instant pressed,
+               Completion completion);
+    // The request failed; nothing will come.
+    void abandon(const QString& reason);
+
+    // The last jump that ended, for `status` and the tests of a desktop's manners.
+    [[nodiscard]] const std::optional<JumpArrival>& last() const { return last_; }
+
+private:
+    struct Watch {
+        JumpDestination destination;
+        QString name;
+        platform::Instant pressed;
+        Completion completion;
+        bool triedSecondWay = false;
+    };
+
+    void activated(const platform::RunningApplication& app);
+    void check();
+    void armCheck();
+    enum class Outcome { arrived, missed };
+    void end(Outcome outcome, const QString& reason = {});
+
+    platform::Workspace& workspace_;
+    platform::ApplicationControl& applications_;
+    platform::Diagnostics& diagnostics_;
+    platform::Scheduler& scheduler_;
+    std::optional<Watch> watch_;
+    std::optional<JumpArrival> last_;
+    platform::Timer checkTimer_;
+    platform::Observation activations_;
+};
+
+} // namespace skipnest::hotkeys
