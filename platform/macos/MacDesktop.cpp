@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/macos/MacDesktop.h"
+
+#include <utility>
+
+namespace skipnest::macos {
+
+platform::AppInfo appInfo(const BundleRecord& bundle) {
+    const QString home = QString::fromStdString(bundle.home);
+    const QString liteDocument = QStringLiteral("/Library/Containers/com.skipnest.app/Data/Library/"
+                                                "Application Support/Skipnest/config.json");
+    return {.pid = {bundle.pid},
+            .bundlePath = QString::fromStdString(bundle.path),
+            .bundleIdentifier = QString::fromStdString(bundle.identifier),
+            .version = QString::fromStdString(bundle.version),
+            .build = QString::fromStdString(bundle.build),
+            .home = home,
+            .supportFolder =
+                QString::fromStdString(bundle.applicationSupport) + QStringLiteral("/Skipnest"),
+            .logFolder = home + QStringLiteral("/Library/Logs"),
+            .runtimeFolder = QString::fromStdString(bundle.temporary) + QStringLiteral("/Skipnest"),
+            .liteConfig = home + liteDocument};
+}
+
+MacDesktop::MacDesktop(SystemBridges bridges)
+    : bridges_(std::move(bridges)), app_(appInfo(bridges_.bundle)), executor_(scheduler_),
+      diagnostics_(app_.logFolder, scheduler_, wallClock_), hotkeys_(*bridges_.hotkeys, scheduler_),
+      keyEvents_(*bridges_.keyboard, scheduler_), keyboardLayout_(*bridges_.layout, scheduler_),
+      workspace_(*bridges_.workspace, scheduler_), applications_(*bridges_.applications),
+      defaults_(files_, app_.supportFolder + QStringLiteral("/defaults.json")),
+      alerts_(scheduler_, diagnostics_) {
+    bridges_.workspace->observeTerminations([this] { hotkeys_.otherProgramEnded(); });
+}
+
+platform::Ports MacDesktop::ports() {
+    return {.app = app_,
+            .scheduler = scheduler_,
+            .executor = executor_,
+            .wallClock = wallClock_,
+            .diagnostics = diagnostics_,
+            .hotkeys = hotkeys_,
+            .keyboardLayout = keyboardLayout_,
+            .keyEvents = keyEvents_,
+            .workspace = workspace_,
+            .applications = applications_,
+            .scripts = scripts_,
+            .bookmarks = bookmarks_,
+            .files = files_,
+            .defaults = defaults_,
+            .alerts = alerts_,
+            .instances = instances_,
+            .peers = peers_};
+}
+
+} // namespace skipnest::macos
