@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace skipnest::linuxdesktop {
 
@@ -52,13 +53,55 @@ X11Display::observeEvents(std::function<void(const xcb_generic_event_t&)> observ
     return observers_.add(std::move(observer));
 }
 
-void X11Display::addEventMask(xcb_window_t window, std::uint32_t mask) const {
+platform::Observation X11Display::filterEvents(EventFilter filter) {
+    Q_ASSERT(!filter_);
+    filter_ = std::make_shared<EventFilter>(std::move(filter));
+    return platform::Observation([this, alive = std::weak_ptr<bool>(alive_)] {
+        if (!alive.expired())
+            filter_.reset();
+    });
+}
+
+std::optional<std::uint32_t> X11Display::eventMask(xcb_window_t window) const {
     const XcbPtr<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
         connection_, xcb_get_window_attributes(connection_, window), nullptr));
     if (!attributes)
+        return std::nullopt;
+    return attributes->your_event_mask;
+}
+
+void X11Display::addEventMask(xcb_window_t window, std::uint32_t mask) {
+    const auto current = eventMask(window);
+    if (!current)
         return;
-    const std::uint32_t combined = attributes->your_event_mask | mask;
+    if (window == root_)
+        lastingRootMask_ |= mask;
+    const std::uint32_t combined = *current | mask;
     xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &combined);
+}
+
+platform::Observation X11Display::holdRootEventMask(std::uint32_t mask) {
+    const auto current = eventMask(root_);
+    if (!current)
+        return {};
+    std::uint32_t held = 0;
+    for (const std::uint32_t other : heldRootMasks_)
+        held |= other;
+    lastingRootMask_ |= *current & ~held;
+    heldRootMasks_.insert(mask);
+    const std::uint32_t combined = *current | mask;
+    xcb_change_window_attributes(connection_, root_, XCB_CW_EVENT_MASK, &combined);
+    xcb_flush(connection_);
+    return platform::Observation([this, alive = std::weak_ptr<bool>(alive_), mask] {
+        if (alive.expired())
+            return;
+        heldRootMasks_.erase(heldRootMasks_.find(mask));
+        std::uint32_t wanted = lastingRootMask_;
+        for (const std::uint32_t other : heldRootMasks_)
+            wanted |= other;
+        xcb_change_window_attributes(connection_, root_, XCB_CW_EVENT_MASK, &wanted);
+        xcb_flush(connection_);
+    });
 }
 
 Instant X11Display::instant(xcb_timestamp_t serverTime) {
@@ -68,8 +111,7 @@ Instant X11Display::instant(xcb_timestamp_t serverTime) {
     if (serverTimeOffset_ && difference > 0 && serverTime < lastServerTime_)
         ++serverTimeWraps_;
     // An event from just before the wrap may be looked at after one from just behind it.
-    const bool fromBeforeWrap =
-        serverTimeOffset_ && difference < 0 && serverTime > lastServerTime_;
+    const bool fromBeforeWrap = serverTimeOffset_ && difference < 0 && serverTime > lastServerTime_;
     if (!serverTimeOffset_ || difference > 0)
         lastServerTime_ = serverTime;
     const std::int64_t wraps = serverTimeWraps_ - (fromBeforeWrap ? 1 : 0);
@@ -80,10 +122,19 @@ Instant X11Display::instant(xcb_timestamp_t serverTime) {
     return Instant(since + *serverTimeOffset_);
 }
 
+void X11Display::noteInputTime(xcb_timestamp_t time) {
+    // Events of two connections are not seen in the order in which they happened.
+    if (lastInputTime_ == XCB_CURRENT_TIME || static_cast<std::int32_t>(time - lastInputTime_) > 0)
+        lastInputTime_ = time;
+}
+
 bool X11Display::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
-    if (eventType == "xcb_generic_event_t")
-        observers_.notify(*static_cast<const xcb_generic_event_t*>(message));
-    return false;
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    observers_.notify(event);
+    const auto filter = filter_; // it may go away while it is being asked
+    return filter && (*filter)(event);
 }
 
 } // namespace skipnest::linuxdesktop

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace skipnest::linuxdesktop {
 
@@ -39,26 +40,41 @@ public:
     [[nodiscard]] platform::Observation
     observeEvents(std::function<void(const xcb_generic_event_t&)> observer);
 
+    // Asked about every event after the observers were told of it; answering true keeps the event
+    // from Qt. At most one. For a hotkey pressed while a window of ours has the keyboard: it must
+    // not type too.
+    using EventFilter = std::function<bool(const xcb_generic_event_t&)>;
+    [[nodiscard]] platform::Observation filterEvents(EventFilter filter);
+
     // Adds to what this connection hears of a window without taking away what Qt selected there.
-    void addEventMask(xcb_window_t window, std::uint32_t mask) const;
+    void addEventMask(xcb_window_t window, std::uint32_t mask);
+    // The same for the root window until dropped: bits that nobody else wants go away again.
+    [[nodiscard]] platform::Observation holdRootEventMask(std::uint32_t mask);
 
     // Server time on the program's own time line. The offset is the smallest one seen: events are
     // late by the queue, never early. Survives the wrap of the server's 32 bits of milliseconds.
     [[nodiscard]] platform::Instant instant(xcb_timestamp_t serverTime);
     // Server time of the newest key or button event noted; what activation requests carry.
     [[nodiscard]] xcb_timestamp_t lastInputTime() const { return lastInputTime_; }
-    void noteInputTime(xcb_timestamp_t time) { lastInputTime_ = time; }
+    void noteInputTime(xcb_timestamp_t time);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
     X11Display(xcb_connection_t* connection, xcb_window_t root, platform::Scheduler& scheduler);
 
+    [[nodiscard]] std::optional<std::uint32_t> eventMask(xcb_window_t window) const;
+
     xcb_connection_t* connection_;
     xcb_window_t root_;
     platform::Scheduler& scheduler_;
     mutable QHash<QByteArray, xcb_atom_t> atoms_;
     platform::Observers<const xcb_generic_event_t&> observers_;
+    std::shared_ptr<EventFilter> filter_;
+    // Bits of the root's event mask: those that Qt or addEventMask() want, and the held ones.
+    std::uint32_t lastingRootMask_ = 0;
+    std::multiset<std::uint32_t> heldRootMasks_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     std::optional<platform::Duration> serverTimeOffset_;
     xcb_timestamp_t lastServerTime_ = 0;
     std::int64_t serverTimeWraps_ = 0;
