@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/WaylandWorkspace.h"
 
-#include "platform/linux/ActivationLaunch.h"
 #include "platform/linux/BundleIdentifiers.h"
 
 #include <QFileInfo>
@@ -16,8 +15,9 @@ using platform::Outcome;
 using platform::RunningApplication;
 
 WaylandWorkspace::WaylandWorkspace(SessionKind session, const QString& waylandSocket,
-                                   DesktopEntries& entries, platform::Scheduler& scheduler)
-    : session_(session), entries_(entries), scheduler_(scheduler),
+                                   DesktopEntries& entries, platform::Scheduler& scheduler,
+                                   platform::Executor& executor)
+    : session_(session), entries_(entries), scheduler_(scheduler), launcher_(executor),
       activation_(waylandSocket, scheduler) {
 }
 
@@ -53,7 +53,7 @@ QString WaylandWorkspace::bundleIdentifier(const QString& path) const {
 }
 
 std::optional<QString> WaylandWorkspace::defaultApplication(const QString& path) const {
-    return defaultEntryFor(path);
+    return defaultApplicationFor(path);
 }
 
 std::vector<RunningApplication> WaylandWorkspace::runningApplications() const {
@@ -65,23 +65,19 @@ std::optional<RunningApplication> WaylandWorkspace::frontmostApplication() const
 }
 
 void WaylandWorkspace::openApplication(const QString& path, OpenCompletion completion) {
-    launchWithToken(
-        path, [path](const QString& token) { return launchEntry(path, token); },
-        std::move(completion));
+    launch({path, {}, {}}, std::move(completion));
 }
 
 void WaylandWorkspace::openFile(const QString& path, OpenCompletion completion) {
-    const auto entryPath = defaultApplication(path);
-    if (!entryPath)
-        return refuse({Failure::Kind::notFound,
-                       QStringLiteral("no application opens %1 by default").arg(path)},
-                      std::move(completion));
-    launchWithToken(
-        *entryPath,
-        [entryPath = *entryPath, path](const QString& token) {
-            return launchEntryOn(entryPath, path, token);
-        },
+    if (const auto entryPath = defaultApplication(path))
+        return launch({*entryPath, {path}, {}}, std::move(completion));
+    refuse(
+        {Failure::Kind::notFound, QStringLiteral("no application opens %1 by default").arg(path)},
         std::move(completion));
+}
+
+void WaylandWorkspace::setNextActivationToken(const QString& token) {
+    nextToken_ = token;
 }
 
 platform::Observation
@@ -89,22 +85,22 @@ WaylandWorkspace::observeActivations(std::function<void(const RunningApplication
     return {};
 }
 
-void WaylandWorkspace::launchWithToken(const QString& entryPath, Launch launch,
-                                       OpenCompletion completion) {
+void WaylandWorkspace::launch(LaunchRequest request, OpenCompletion completion) {
     if (session_ == SessionKind::none)
         return refuse({Failure::Kind::unavailable, availability().reason}, std::move(completion));
-    auto start = [launch = std::move(launch),
-                  completion = std::move(completion)](const QString& token) {
-        const Outcome launched = launch(token);
-        if (completion)
-            completion(launched);
+    const DesktopEntry* entry = entries_.entry(request.entryPath);
+    const QString applicationId = entry != nullptr ? entry->id : QString();
+    auto start = [this, request = std::move(request),
+                  completion = std::move(completion)](const QString& token) mutable {
+        request.startupId = token.toUtf8();
+        launcher_.launch(request, [completion](const platform::Result<Launched>& launched) {
+            if (completion)
+                completion(launched ? Outcome(platform::Done{}) : Outcome(launched.failure()));
+        });
     };
-    if (const QString token = std::exchange(nextToken_, {}); !token.isEmpty()) {
-        scheduler_.post([start = std::move(start), token] { start(token); });
-        return;
-    }
-    const DesktopEntry* entry = entries_.entry(entryPath);
-    activation_.requestToken(entry != nullptr ? entry->id : QString(), std::move(start));
+    if (const QString token = std::exchange(nextToken_, {}); !token.isEmpty())
+        return start(token);
+    activation_.requestToken(applicationId, std::move(start));
 }
 
 void WaylandWorkspace::refuse(Failure failure, OpenCompletion completion) {

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "platform/Workspace.h"
+#include "platform/linux/ApplicationLauncher.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/SessionKind.h"
 #include "platform/linux/WaylandActivation.h"
 
 #include <QString>
-
-#include <memory>
 
 namespace skipnest::linuxdesktop {
 
@@ -19,12 +18,7 @@ class WaylandWorkspace final : public platform::Workspace {
 public:
     // `waylandSocket` as waylandSocketPath() finds it; only used where `session` is Wayland.
     WaylandWorkspace(SessionKind session, const QString& waylandSocket, DesktopEntries& entries,
-                     platform::Scheduler& scheduler);
-
-    // The token for the next thing opened, in place of one of our own: what the compositor gave to
-    // the `skipnest jump` that it started for a key press (its XDG_ACTIVATION_TOKEN). Empty takes
-    // back one that was not used.
-    void setNextActivationToken(const QString& token) { nextToken_ = token; }
+                     platform::Scheduler& scheduler, platform::Executor& executor);
 
     [[nodiscard]] platform::Availability availability() const override;
     [[nodiscard]] bool isApplication(const QString& path) const override;
@@ -35,17 +29,19 @@ public:
     [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override;
     void openApplication(const QString& path, OpenCompletion completion) override;
     void openFile(const QString& path, OpenCompletion completion) override;
+    // Without one, a token of our own is asked for.
+    void setNextActivationToken(const QString& token) override;
     [[nodiscard]] platform::Observation
     observeActivations(std::function<void(const platform::RunningApplication&)> activated) override;
 
 private:
-    using Launch = std::function<platform::Outcome(const QString& token)>;
-    void launchWithToken(const QString& entryPath, Launch launch, OpenCompletion completion);
+    void launch(LaunchRequest request, OpenCompletion completion);
     void refuse(platform::Failure failure, OpenCompletion completion);
 
     SessionKind session_;
     DesktopEntries& entries_;
     platform::Scheduler& scheduler_;
+    ApplicationLauncher launcher_;
     WaylandActivation activation_;
     QString nextToken_;
 };

@@ -24,15 +24,16 @@ set_source_files_properties(LinuxAppInfo.cpp PROPERTIES COMPILE_DEFINITIONS
     "SKIPNEST_VERSION=\"${PROJECT_VERSION}\";SKIPNEST_BUILD=\"${SKIPNEST_BUILD}\"")
 
 list(APPEND LINUX_SOURCES
-    ActivationLaunch.cpp
     HeadlessPorts.cpp
     LinuxAppInfo.cpp
+    LinuxBackend.cpp
     LinuxBookmarks.cpp
     LinuxInstanceLock.cpp
     PosixFiles.cpp
     SessionKind.cpp
     SocketPeer.cpp
     SystemError.cpp
+    TerminationSignals.cpp
     WaylandActivation.cpp
     WaylandWorkspace.cpp
     ${XDG_ACTIVATION_CODE}

@@ -13,6 +13,7 @@
 #include <new>
 #include <vector>
 
+#include <fcntl.h>
 #include <sched.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -69,6 +70,22 @@ private:
     pid_t pid_ = -1;
     bool succeeded_ = false;
 };
+
+// A process of another program, once it is one: its end of the pipe closes with exec.
+pid_t startSleep() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        ::execlp("sleep", "sleep", "60", nullptr);
+        ::_exit(127);
+    }
+    ::close(ends[1]);
+    char nothing = 0;
+    EXPECT_EQ(::read(ends[0], &nothing, 1), 0);
+    ::close(ends[0]);
+    return pid;
+}
 
 class LinuxInstanceLockTest : public testing::Test {
 protected:
@@ -132,11 +149,7 @@ TEST_F(LinuxInstanceLockTest, aPidThatNowMeansAnotherProcessIsLeftAlone) {
     const Child holder(agent());
     ASSERT_TRUE(holder.succeeded());
     const Child sameProgram([] { return true; });
-    const pid_t otherProgram = ::fork();
-    if (otherProgram == 0) {
-        ::execlp("sleep", "sleep", "60", nullptr);
-        ::_exit(127);
-    }
+    const pid_t otherProgram = startSleep();
     const QByteArray startTime = [this] {
         QFile file(lockFile());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
