@@ -1,0 +1,7 @@
+set(CLI_TRACE_SOURCES
+    TracePlayer.cpp
+    TraceReader.cpp
+    TraceShapes.cpp
+    TraceStage.cpp
+    TraceWriter.cpp
+)
