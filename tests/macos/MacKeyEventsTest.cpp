@@ -147,7 +147,9 @@ TEST_F(MacKeyEventsTest, WithoutPermissionListeningAndPostingAreRefused) {
     ASSERT_FALSE(tap.ok());
     EXPECT_EQ(tap.failure().kind, Failure::Kind::refused);
     EXPECT_FALSE(scheduler.ticking());
-    EXPECT_EQ(keyEvents.post({9, {EventFlags::command}}).failure().kind, Failure::Kind::refused);
+    const auto posted = keyEvents.post({9, {EventFlags::command}});
+    ASSERT_FALSE(posted.ok());
+    EXPECT_EQ(posted.failure().kind, Failure::Kind::refused);
     EXPECT_EQ(quartz.lastPosted.first, 0) << "macOS would drop the events without a word";
 
     quartz.posts = true;

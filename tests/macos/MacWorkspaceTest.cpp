@@ -62,8 +62,9 @@ TEST_F(MacWorkspaceTest, APathIsAnApplicationByItsNameAlone) {
           Row{u"/Applications/Notes.app/"_s, true, u"Notes"_s},
           Row{u"/Applications/Ärger & Co.app"_s, true, u"Ärger & Co"_s},
           Row{u"/Applications/Notes.app/Contents"_s, false, u"Contents"_s},
-          Row{u"/tmp/.app"_s, false, u".app"_s}, Row{u"/tmp/a.app.txt"_s, false, u"a.app.txt"_s},
-          Row{u"/tmp/notesapp"_s, false, u"notesapp"_s}, Row{u"/"_s, false, u""_s}}) {
+          Row{u"/Users/me/.app"_s, false, u".app"_s},
+          Row{u"/Users/me/a.app.txt"_s, false, u"a.app.txt"_s},
+          Row{u"/Users/me/notesapp"_s, false, u"notesapp"_s}, Row{u"/"_s, false, u""_s}}) {
         EXPECT_EQ(workspace.isApplication(row.path), row.isApplication) << row.path.toStdString();
         EXPECT_EQ(workspace.displayName(row.path), row.name) << row.path.toStdString();
     }
