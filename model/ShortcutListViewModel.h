@@ -59,8 +59,6 @@ public:
     ShortcutItem addShortcut(const QString& path);
     ShortcutItem addShortcut(const QString& path, std::optional<KeyCombo> keyCombo,
                              std::optional<KeyCombo> hideKeyCombo);
-    // The same record without adding it.
-    [[nodiscard]] ShortcutItem makeShortcut(const QString& path) const;
 
     // Each answers whether the record was there; without it nothing is written.
     bool remove(const RecordId& id);
@@ -99,7 +97,7 @@ Q_SIGNALS:
 private:
     std::vector<ShortcutItem>::iterator position(const RecordId& id);
     [[nodiscard]] ShortcutItem::TargetType targetType(const QString& path) const;
-    std::int64_t nextSortOrder();
+    [[nodiscard]] ShortcutItem makeShortcut(const QString& path) const;
     void takeOver();
     void rebuild();
     void announceSettings(const AppConfiguration& before);

@@ -6,8 +6,10 @@
 #include "platform/Files.h"
 #include "platform/Result.h"
 
+#include <QByteArray>
 #include <QDate>
 #include <QString>
+#include <QStringList>
 
 #include <mutex>
 #include <optional>
@@ -30,6 +32,7 @@ struct StorageState {
     Kind kind = Kind::missing;
     QString reason;
     std::optional<QString> newestSnapshot; // file name of the newest daily snapshot that decodes
+    std::optional<QString> movedTo;        // file name a broken document was moved to in this run
 
     bool operator==(const StorageState&) const = default;
 };
@@ -75,28 +78,27 @@ public:
     [[nodiscard]] StorageState state();
 
 private:
-    struct Snapshot {
-        QString fileName;
-        QByteArray bytes;
-        AppConfiguration document;
-    };
-    enum class Presence { missing, loaded, broken };
     struct Reading {
-        Presence presence = Presence::missing;
+        StorageState::Kind kind = StorageState::Kind::missing;
         QString reason;
         QByteArray bytes;
         AppConfiguration document;
     };
+    struct Snapshot {
+        QString fileName;
+        Reading content;
+    };
 
-    [[nodiscard]] Reading readFile(const QString& path);
-    const AppConfiguration& loadLocked();
-    platform::Outcome saveLocked(const AppConfiguration& configuration);
-    platform::Outcome moveAside(const QString& suffix, QString& movedTo);
-    [[nodiscard]] QString freeName(const QString& suffix) const;
-    [[nodiscard]] platform::Result<QStringList> snapshotNames();
-    platform::Result<Snapshot> usableSnapshot(std::optional<QDate> day);
+    [[nodiscard]] Reading read(const QString& path) const;
+    [[nodiscard]] platform::Result<QStringList> snapshotNames() const;
+    [[nodiscard]] platform::Result<Snapshot> usableSnapshot(std::optional<QDate> day) const;
     void pruneSnapshots();
-    [[nodiscard]] QString backups() const;
+    [[nodiscard]] QString freePath(const QString& suffix) const;
+
+    // These expect mutex_ to be held.
+    void ensureLoaded();
+    platform::Outcome store(const AppConfiguration& configuration);
+    platform::Outcome keepBeforeRestore(QString& movedTo);
 
     platform::Files& files_;
     platform::Diagnostics& diagnostics_;
@@ -104,12 +106,14 @@ private:
     platform::UserDefaults& defaults_;
     QString folder_;
     QString path_;
+    QString backups_;
     QString liteConfig_;
 
     std::mutex mutex_;
     std::optional<AppConfiguration> cache_;
-    Presence presence_ = Presence::missing;
+    StorageState::Kind kind_ = StorageState::Kind::missing;
     QString reason_;
+    std::optional<QString> movedTo_;
 };
 
 } // namespace skipnest::model
