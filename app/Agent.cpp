@@ -12,9 +12,8 @@ namespace skipnest::app {
 
 using platform::Outcome;
 
-Agent::Agent(const platform::Backend& backend, std::function<void(int)> quit)
-    : backend_(backend), quit_(std::move(quit)), takeover_(backend.ports()) {
-}
+Agent::Agent(const platform::Backend& backend, Hooks hooks)
+    : backend_(backend), hooks_(std::move(hooks)), takeover_(backend.ports()) {}
 
 Agent::~Agent() = default;
 
@@ -27,7 +26,7 @@ void Agent::start() {
         if (taken)
             return launch(std::move(taken).value());
         backend_.ports().diagnostics.print(u"[Skipnest] Cannot start: " % taken.failure().detail);
-        quit_(1);
+        hooks_.quit(1);
     });
 }
 
@@ -42,7 +41,7 @@ void Agent::launch(InstanceTakeover::Taken taken) {
     commands_ = std::make_unique<ControlCommands>(
         *delegate_, backend_,
         ControlCommands::Requests{
-            .quit = [this] { backend_.ports().scheduler.post([this] { quit_(0); }); },
+            .quit = [this] { backend_.ports().scheduler.post([this] { hooks_.quit(0); }); },
             .handOver = [this] { handOver(); },
         });
     socket_ = std::make_unique<ControlSocket>(
@@ -54,6 +53,7 @@ void Agent::launch(InstanceTakeover::Taken taken) {
         !listening)
         ports.diagnostics.print(u"[Skipnest] The command line cannot reach this agent: " %
                                 listening.failure().detail);
+    hooks_.launched(*delegate_);
 }
 
 void Agent::handOver() {
@@ -61,7 +61,7 @@ void Agent::handOver() {
     socket_->close();
     instance_.reset();
     // A last round of the event loop sends the answer.
-    backend_.ports().scheduler.post([this] { quit_(0); });
+    backend_.ports().scheduler.post([this] { hooks_.quit(0); });
 }
 
 } // namespace skipnest::app

@@ -16,8 +16,13 @@ namespace skipnest::app {
 // does as a program is AppDelegate's.
 class Agent {
 public:
-    // `quit` ends the event loop.
-    Agent(const platform::Backend& backend, std::function<void(int status)> quit);
+    struct Hooks {
+        std::function<void(int status)> quit; // ends the event loop
+        // The agent has bound its keys and listens.
+        std::function<void(AppDelegate&)> launched;
+    };
+
+    Agent(const platform::Backend& backend, Hooks hooks);
     ~Agent();
 
     // Takes over from a running agent, binds the keys and listens. Problems that leave nothing to
@@ -29,7 +34,7 @@ private:
     void handOver();
 
     const platform::Backend& backend_;
-    std::function<void(int)> quit_;
+    Hooks hooks_;
     InstanceTakeover takeover_;
     platform::InstanceToken instance_;
     std::unique_ptr<AppDelegate> delegate_;

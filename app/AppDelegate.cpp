@@ -31,8 +31,7 @@ AppDelegate::AppDelegate(const platform::Ports& ports)
       hotkeys_(ports.hotkeys, ports.keyboardLayout, ports.diagnostics, ports.scheduler),
       focus_(ports.workspace, ports.app.pid), switcher_(std::make_unique<NoSwitcher>()),
       counter_(std::make_unique<NoCounter>()), jumps_(ports, focus_, *switcher_, *counter_),
-      cycler_(ports) {
-}
+      cycler_(ports) {}
 
 AppDelegate::~AppDelegate() = default;
 

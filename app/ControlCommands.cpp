@@ -10,6 +10,7 @@
 
 namespace skipnest::app {
 
+using hotkeys::JumpArrival;
 using model::ShortcutItem;
 using platform::CycleDirection;
 
@@ -17,6 +18,19 @@ namespace {
 
 double milliseconds(platform::Duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+// Null where this desktop does not tell.
+QJsonValue arrivedJson(JumpArrival::Outcome outcome) {
+    switch (outcome) {
+    case JumpArrival::Outcome::arrived:
+        return true;
+    case JumpArrival::Outcome::missed:
+        return false;
+    case JumpArrival::Outcome::unseen:
+        return {};
+    }
+    Q_UNREACHABLE();
 }
 
 QString stateName(model::StorageState::Kind kind) {
@@ -35,8 +49,7 @@ QString stateName(model::StorageState::Kind kind) {
 
 ControlCommands::ControlCommands(AppDelegate& agent, const platform::Backend& backend,
                                  Requests requests)
-    : agent_(agent), backend_(backend), requests_(std::move(requests)) {
-}
+    : agent_(agent), backend_(backend), requests_(std::move(requests)) {}
 
 void ControlCommands::handle(const QJsonObject& request, const ControlSocket::Reply& reply) {
     const QString verb = request.value(u"verb").toString();
@@ -76,18 +89,17 @@ void ControlCommands::jump(const QJsonObject& request, const ControlSocket::Repl
     const ShortcutItem& item = std::get<ShortcutItem>(named);
     const platform::Ports& ports = agent_.ports();
     ports.workspace.setNextActivationToken(request.value(u"token").toString());
-    agent_.jumps().jump(
-        item, ports.scheduler.now(), [reply, item](const hotkeys::JumpArrival& arrival) {
-            const QJsonObject result{{QStringLiteral("item"), item.name},
-                                     {QStringLiteral("arrived"), arrival.arrived},
-                                     {QStringLiteral("ms"), milliseconds(arrival.took)}};
-            if (arrival.arrived)
-                return reply(ControlReply::success(result));
-            reply(ControlReply::failure(arrival.reason.isEmpty()
-                                            ? u'"' % item.name % u"\" did not arrive within 1 s"
-                                            : arrival.reason,
-                                        {{QStringLiteral("result"), result}}));
-        });
+    agent_.jumps().jump(item, ports.scheduler.now(), [reply, item](const JumpArrival& arrival) {
+        const QJsonObject result{{QStringLiteral("item"), item.name},
+                                 {QStringLiteral("arrived"), arrivedJson(arrival.outcome)},
+                                 {QStringLiteral("ms"), milliseconds(arrival.took)}};
+        if (arrival.outcome != JumpArrival::Outcome::missed)
+            return reply(ControlReply::success(result));
+        reply(ControlReply::failure(arrival.reason.isEmpty()
+                                        ? u'"' % item.name % u"\" did not arrive within 1 s"
+                                        : arrival.reason,
+                                    {{QStringLiteral("result"), result}}));
+    });
 }
 
 ControlReply ControlCommands::hide(const QJsonObject& request) {
@@ -142,7 +154,7 @@ ControlReply ControlCommands::status() const {
     }
     if (const auto& last = agent_.jumps().arrivals().last())
         result.insert(QStringLiteral("lastJump"),
-                      QJsonObject{{QStringLiteral("arrived"), last->arrived},
+                      QJsonObject{{QStringLiteral("arrived"), arrivedJson(last->outcome)},
                                   {QStringLiteral("ms"), milliseconds(last->took)}});
     return ControlReply::success(result);
 }

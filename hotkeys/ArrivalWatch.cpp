@@ -28,25 +28,25 @@ ArrivalWatch::ArrivalWatch(platform::Workspace& workspace,
                            platform::Diagnostics& diagnostics, platform::Scheduler& scheduler)
     : workspace_(workspace), applications_(applications), diagnostics_(diagnostics),
       scheduler_(scheduler), activations_(workspace.observeActivations(
-                                 [this](const RunningApplication& app) { activated(app); })) {
-}
+                                 [this](const RunningApplication& app) { activated(app); })) {}
 
 void ArrivalWatch::begin(const JumpDestination& destination, const QString& name,
                          platform::Instant pressed, Completion completion) {
     if (watch_)
-        end(Outcome::missed);
-    if (destination.path.isEmpty()) {
-        if (completion)
-            completion({false, {}, QStringLiteral("nothing is known to open it")});
-        return;
-    }
+        end(JumpArrival::Outcome::missed);
     watch_ = Watch{destination, name, pressed, std::move(completion)};
     armCheck();
 }
 
+void ArrivalWatch::requestTaken() {
+    const bool isSeen = workspace_.availability().state == platform::Availability::State::available;
+    if (watch_ && (!isSeen || watch_->destination.path.isEmpty()))
+        end(JumpArrival::Outcome::unseen);
+}
+
 void ArrivalWatch::abandon(const QString& reason) {
     if (watch_)
-        end(Outcome::missed, reason);
+        end(JumpArrival::Outcome::missed, reason);
 }
 
 void ArrivalWatch::armCheck() {
@@ -55,17 +55,17 @@ void ArrivalWatch::armCheck() {
 
 void ArrivalWatch::activated(const RunningApplication& app) {
     if (watch_ && watch_->destination.isReachedBy(app))
-        end(Outcome::arrived);
+        end(JumpArrival::Outcome::arrived);
 }
 
 void ArrivalWatch::check() {
     const auto front = workspace_.frontmostApplication();
     if (front && watch_->destination.isReachedBy(*front))
-        return end(Outcome::arrived);
+        return end(JumpArrival::Outcome::arrived);
     if (scheduler_.now() - watch_->pressed >= giveUpAfter) {
         diagnostics_.log(QStringLiteral("jump: '%1' did not arrive within %2 ms")
                              .arg(watch_->name, milliseconds(giveUpAfter)));
-        return end(Outcome::missed);
+        return end(JumpArrival::Outcome::missed);
     }
     const std::vector<RunningApplication> running = workspace_.runningApplications();
     const auto target = std::ranges::find_if(running, [this](const RunningApplication& app) {
@@ -78,11 +78,11 @@ void ArrivalWatch::check() {
     armCheck();
 }
 
-void ArrivalWatch::end(Outcome outcome, const QString& reason) {
+void ArrivalWatch::end(JumpArrival::Outcome outcome, const QString& reason) {
     checkTimer_.reset();
     const Watch watch = std::move(*std::exchange(watch_, std::nullopt));
-    last_ = JumpArrival{outcome == Outcome::arrived, scheduler_.now() - watch.pressed, reason};
-    if (last_->arrived && watch.triedSecondWay)
+    last_ = JumpArrival{outcome, scheduler_.now() - watch.pressed, reason};
+    if (outcome == JumpArrival::Outcome::arrived && watch.triedSecondWay)
         diagnostics_.log(QStringLiteral("jump: '%1' refused by the desktop, activated past it, "
                                         "arrived in %2 ms")
                              .arg(watch.name, milliseconds(last_->took)));

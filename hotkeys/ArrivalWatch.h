@@ -24,7 +24,12 @@ struct JumpDestination {
 };
 
 struct JumpArrival {
-    bool arrived = false;
+    enum class Outcome {
+        arrived,
+        missed,
+        unseen, // the request was taken, and this desktop does not tell what came to the front
+    };
+    Outcome outcome = Outcome::missed;
     platform::Duration took{}; // from the key press (or the request) to the target in front
     QString reason;            // why it did not arrive, where that is known
 };
@@ -41,10 +46,13 @@ public:
                  platform::Diagnostics& diagnostics, platform::Scheduler& scheduler);
 
     // Begins to watch before the request is made, so that no arrival is missed. A later jump ends
-    // the earlier ones: the person is on the way somewhere else. `completion` is called once; a
-    // destination without a path (nobody knows what opens the target) cannot be watched.
+    // the earlier ones: the person is on the way somewhere else. `completion` is called once.
     void begin(const JumpDestination& destination, const QString& name, platform::Instant pressed,
                Completion completion);
+    // The system took the request. Ends the watch where there is nothing to see: on a desktop that
+    // does not tell which application is in front, and for a target of which nobody knows what
+    // opens it.
+    void requestTaken();
     // The request failed; nothing will come.
     void abandon(const QString& reason);
 
@@ -63,8 +71,7 @@ private:
     void activated(const platform::RunningApplication& app);
     void check();
     void armCheck();
-    enum class Outcome { arrived, missed };
-    void end(Outcome outcome, const QString& reason = {});
+    void end(JumpArrival::Outcome outcome, const QString& reason = {});
 
     platform::Workspace& workspace_;
     platform::ApplicationControl& applications_;

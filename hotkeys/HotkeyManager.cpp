@@ -26,8 +26,7 @@ constexpr platform::Duration retryPeriod = 20s;
 HotkeyManager::HotkeyManager(platform::HotkeyBackend& backend,
                              const platform::KeyboardLayout& layout,
                              platform::Diagnostics& diagnostics, platform::Scheduler& scheduler)
-    : backend_(backend), layout_(layout), diagnostics_(diagnostics), scheduler_(scheduler) {
-}
+    : backend_(backend), layout_(layout), diagnostics_(diagnostics), scheduler_(scheduler) {}
 
 HotkeyManager::~HotkeyManager() {
     if (handlerInstalled_)

@@ -33,8 +33,7 @@ JumpExecution::JumpExecution(const platform::Ports& ports, FocusTracker& focus,
                              SwitcherGate& switcher, JumpCounter& counter)
     : ports_(ports), focus_(focus), switcher_(switcher), counter_(counter),
       arrivals_(ports.workspace, ports.applications, ports.diagnostics, ports.scheduler),
-      reactivation_(ports), delayed_(ports.scheduler) {
-}
+      reactivation_(ports), delayed_(ports.scheduler) {}
 
 JumpExecution::Started JumpExecution::jump(const ShortcutItem& item, platform::Instant pressed,
                                            Completion completion) {
@@ -62,7 +61,8 @@ JumpExecution::Started JumpExecution::open(Opening opening) {
         ports_.diagnostics.print(u"[Skipnest] Target does not exist: " % opening.path);
         showNotFound(opening.path);
         if (opening.completion)
-            opening.completion({false, {}, u"target does not exist: " % opening.path});
+            opening.completion(
+                {JumpArrival::Outcome::missed, {}, u"target does not exist: " % opening.path});
         return Started::no;
     }
     ScopedAccess access;
@@ -87,7 +87,8 @@ JumpExecution::Started JumpExecution::openApplication(const Opening& opening, Sc
     const JumpDestination target = destination(opening.path);
     const auto arrivedAlready = [&opening, this] {
         if (opening.completion)
-            opening.completion({true, ports_.scheduler.now() - opening.pressed, {}});
+            opening.completion(
+                {JumpArrival::Outcome::arrived, ports_.scheduler.now() - opening.pressed, {}});
         return Started::yes;
     };
     if (switches_.switcherEnabled && switcher_.isOpen()) {
@@ -123,7 +124,8 @@ JumpExecution::Started JumpExecution::reactivate(const Opening& opening,
     countJump(opening.name);
     reactivation_.bringAllWindowsForward(front.pid);
     if (opening.completion)
-        opening.completion({true, ports_.scheduler.now() - opening.pressed, {}});
+        opening.completion(
+            {JumpArrival::Outcome::arrived, ports_.scheduler.now() - opening.pressed, {}});
     return Started::yes;
 }
 
@@ -134,7 +136,7 @@ std::function<void(const Outcome&)> JumpExecution::openCompletion(const Opening&
     return [this, held, path = opening.path](const Outcome& outcome) {
         held->reset();
         if (outcome)
-            return;
+            return arrivals_.requestTaken();
         ports_.diagnostics.print(u"[Skipnest] Failed to open " % path % u": " %
                                  outcome.failure().detail);
         arrivals_.abandon(outcome.failure().detail);

@@ -15,8 +15,7 @@ constexpr platform::Duration gap = 100ms;
 } // namespace
 
 Reactivation::Reactivation(const platform::Ports& ports)
-    : ports_(ports), delayed_(ports.scheduler) {
-}
+    : ports_(ports), delayed_(ports.scheduler) {}
 
 void Reactivation::bringAllWindowsForward(platform::ProcessIdentifier pid) {
     (void)ports_.applications.activate(ports_.app.pid, ActivationOption::ignoringOtherApps);

@@ -38,8 +38,7 @@ QString escapedForAppleScript(QString text) {
     return text.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
 }
 
-WindowCycler::WindowCycler(const platform::Ports& ports) : ports_(ports), reactivation_(ports) {
-}
+WindowCycler::WindowCycler(const platform::Ports& ports) : ports_(ports), reactivation_(ports) {}
 
 QString WindowCycler::script(const QString& bundleIdentifier, CycleDirection direction) {
     return u"tell application id \"" % escapedForAppleScript(bundleIdentifier) %

@@ -5,8 +5,8 @@
 
 namespace skipnest::platform {
 
-// Modifier keys as keyboard events carry them. The bits are those of CGEventFlags, because log lines
-// print the value.
+// Modifier keys as keyboard events carry them. The bits are those of CGEventFlags, because log
+// lines print the value.
 struct EventFlags {
     static constexpr std::uint64_t capsLock = 1ULL << 16;
     static constexpr std::uint64_t shift = 1ULL << 17;

@@ -6,7 +6,8 @@
 namespace skipnest::platform {
 
 // Work off the main thread. `done` runs on the main thread after `work` has returned; it is dropped
-// together with the executor. `work` must own what it touches: it may outlive the caller's interest.
+// together with the executor. `work` must own what it touches: it may outlive the caller's
+// interest.
 class Executor {
 public:
     using Work = std::function<void()>;

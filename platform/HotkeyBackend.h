@@ -19,8 +19,8 @@ struct HotkeyIdentifier {
 // One combo that the system delivers to us whatever application is in front.
 struct HotkeyRequest {
     HotkeyIdentifier id;
-    std::uint16_t keyCode = 0;          // kVK_* numbering: a physical key
-    std::uint32_t carbonModifiers = 0;  // CarbonModifiers
+    std::uint16_t keyCode = 0;         // kVK_* numbering: a physical key
+    std::uint32_t carbonModifiers = 0; // CarbonModifiers
 };
 
 using HotkeyGrab = Owned<struct HotkeyGrabTag>;

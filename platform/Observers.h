@@ -15,7 +15,8 @@ namespace skipnest::platform {
 using Observation = Owned<struct ObservationTag>;
 
 // A list of callbacks that survives what observers do while they are being told: remove themselves,
-// remove each other, add new ones (told from the next notification on), or destroy the list's owner.
+// remove each other, add new ones (told from the next notification on), or destroy the list's
+// owner.
 template <typename... Args> class Observers {
 public:
     using Callback = std::function<void(Args...)>;

@@ -6,9 +6,9 @@
 
 namespace skipnest::platform {
 
-// Something the desktop holds for us: a grab, a timer, a tap, an observation. Whoever has the object
-// has the thing; dropping or resetting it releases it, once, on every path. Empty by default.
-// `Tag` only keeps the kinds apart.
+// Something the desktop holds for us: a grab, a timer, a tap, an observation. Whoever has the
+// object has the thing; dropping or resetting it releases it, once, on every path. Empty by
+// default. `Tag` only keeps the kinds apart.
 template <typename Tag> class [[nodiscard]] Owned {
 public:
     Owned() = default;

@@ -33,8 +33,8 @@ public:
     [[nodiscard]] virtual Instant now() const = 0;
 
     // Runs `task` once on the main thread when `delay` has passed, unless the timer is dropped
-    // before. `name` is a literal that says who waits: `skipnest status` lists the running timers by
-    // name. A delay of 20 s or more may be late by 5 % so that the system can gather wake-ups.
+    // before. `name` is a literal that says who waits: `skipnest status` lists the running timers
+    // by name. A delay of 20 s or more may be late by 5 % so that the system can gather wake-ups.
     [[nodiscard]] virtual Timer after(Duration delay, const char* name, Task task) = 0;
 
     // The same again and again, the first time after one period. `period` is at least 1 ms.

@@ -11,13 +11,18 @@
 #include <algorithm>
 #include <utility>
 
+// The linker leaves the resources of a static library out unless something asks for them. The macro
+// only works outside of any namespace.
+static void loadResources() {
+    Q_INIT_RESOURCE(ui);
+}
+
 namespace skipnest::ui {
 
 using platform::Alert;
 
 AlertContent::AlertContent(Alert alert, const Palette& palette)
-    : alert_(std::move(alert)), palette_(palette) {
-}
+    : alert_(std::move(alert)), palette_(palette) {}
 
 // The content outlives the view, whose bindings read it until the last.
 struct QuickAlerts::Window {
@@ -27,6 +32,7 @@ struct QuickAlerts::Window {
 };
 
 QuickAlerts::QuickAlerts(std::function<const Palette&()> palette) : palette_(std::move(palette)) {
+    loadResources();
 }
 
 QuickAlerts::~QuickAlerts() = default;
