@@ -9,7 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString typeName(model::ShortcutItem::TargetType type) {
+QJsonObject comboObject(const model::KeyCombo& combo) {
+    return {{u"keyCode"_s, combo.keyCode},
+            {u"modifiers"_s, static_cast<qint64>(combo.modifiers.rawValue)}};
+}
+
+} // namespace
+
+QString targetTypeName(model::ShortcutItem::TargetType type) {
     switch (type) {
     case model::ShortcutItem::TargetType::file:
         return u"file"_s;
@@ -21,19 +28,11 @@ QString typeName(model::ShortcutItem::TargetType type) {
     return {};
 }
 
-QJsonObject comboObject(const model::KeyCombo& combo) {
-    return {{u"keyCode"_s, combo.keyCode},
-            {u"modifiers"_s, static_cast<qint64>(combo.modifiers.rawValue)}};
-}
-
-} // namespace
-
 TraceStage::TraceStage()
     : document_{{u"version"_s, 1},
                 {u"shortcuts"_s, QJsonArray()},
                 {u"launchAtLogin"_s, false},
-                {u"menuBarIconName"_s, u"skipnest"_s}} {
-}
+                {u"menuBarIconName"_s, u"skipnest"_s}} {}
 
 void TraceStage::apply(const SetConfig& event) {
     described_ = true;
@@ -55,7 +54,7 @@ QJsonObject TraceStage::record(const AddShortcut& event, qsizetype shortcuts,
         {u"id"_s, id},
         {u"name"_s, event.name},
         {u"targetPath"_s, event.path},
-        {u"targetType"_s, typeName(event.type)},
+        {u"targetType"_s, targetTypeName(event.type)},
         {u"sortOrder"_s, shortcuts},
         {u"createdAt"_s, createdAt.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss'Z'"_s)},
     };

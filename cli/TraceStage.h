@@ -35,4 +35,7 @@ private:
     bool described_ = false;
 };
 
+// "application", "file" or "folder", as the document and traces have it.
+[[nodiscard]] QString targetTypeName(model::ShortcutItem::TargetType type);
+
 } // namespace skipnest::cli::trace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/TraceWriter.h"
 
+#include "cli/TraceStage.h"
 #include "model/ComboText.h"
 #include "platform/UsKeyboardLayout.h"
 
@@ -50,18 +51,6 @@ QString consentName(sim::Consent consent) {
         return u"denied"_s;
     case sim::Consent::notDetermined:
         return u"notDetermined"_s;
-    }
-    return {};
-}
-
-QString typeName(model::ShortcutItem::TargetType type) {
-    switch (type) {
-    case model::ShortcutItem::TargetType::file:
-        return u"file"_s;
-    case model::ShortcutItem::TargetType::folder:
-        return u"folder"_s;
-    case model::ShortcutItem::TargetType::application:
-        return u"application"_s;
     }
     return {};
 }
@@ -143,7 +132,7 @@ QJsonObject json(const BringToFront& e) {
 QJsonObject json(const AddShortcut& e) {
     return named(u"shortcut"_s, {{u"name"_s, e.name},
                                  {u"path"_s, e.path},
-                                 {u"type"_s, typeName(e.type)},
+                                 {u"type"_s, targetTypeName(e.type)},
                                  {u"key"_s, comboValue(e.key)},
                                  {u"hideKey"_s, comboValue(e.hideKey)}});
 }
@@ -212,8 +201,7 @@ QJsonObject toJson(const What& what) {
 }
 
 TraceWriter::TraceWriter(Instant start, WriteLine writeLine)
-    : start_(start), last_(start), writeLine_(std::move(writeLine)) {
-}
+    : start_(start), last_(start), writeLine_(std::move(writeLine)) {}
 
 void TraceWriter::write(Instant at, const What& what) {
     last_ = std::max(last_, at);
