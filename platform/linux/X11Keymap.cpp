@@ -2,11 +2,8 @@
 #include "platform/linux/X11Keymap.h"
 
 #include "platform/EventFlags.h"
+#include "platform/linux/XkbProtocol.h"
 
-// The header is C and names a field with a C++ keyword.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/x11/XKeyboard.h"
 
-// The header is C and names a field with a C++ keyword.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
+#include "platform/linux/XkbProtocol.h"
+
 #include <xcb/xtest.h>
 
 #include <algorithm>
