@@ -9,6 +9,7 @@ struct MemoryFiles::Node {
     QByteArray diskContent;
     Entries seenEntries;
     Entries diskEntries;
+    Entries lastChange; // since the last flush; null for a name that went
 };
 
 namespace {
@@ -121,8 +122,10 @@ Outcome MemoryFiles::write(const QString& path, const QByteArray& bytes) {
     if (!folder)
         return notFound(path);
     std::shared_ptr<Node>& entry = folder->seenEntries[nameOf(path)];
-    if (!entry)
+    if (!entry) {
         entry = std::make_shared<Node>();
+        folder->lastChange = {{nameOf(path), entry}};
+    }
     if (entry->kind != FileKind::file)
         return refused(path, QStringLiteral("is a folder"));
     entry->seenContent = fault == Fault::none ? bytes : bytes.left(bytes.size() / 2);
@@ -146,6 +149,7 @@ Outcome MemoryFiles::flushFolder(const QString& path) {
     if (!found || found->kind != FileKind::folder)
         return notFound(path);
     found->diskEntries = found->seenEntries;
+    found->lastChange.clear();
     return Done{};
 }
 
@@ -159,8 +163,13 @@ Outcome MemoryFiles::rename(const QString& from, const QString& to) {
     const std::shared_ptr<Node> replaced = node(to);
     if (replaced && (replaced->kind == FileKind::folder || moved->kind == FileKind::folder))
         return refused(to, QStringLiteral("is in the way"));
-    folderOf(from)->seenEntries.erase(nameOf(from));
+    const std::shared_ptr<Node> source = folderOf(from);
+    source->seenEntries.erase(nameOf(from));
+    source->lastChange = {{nameOf(from), nullptr}};
     target->seenEntries[nameOf(to)] = moved;
+    if (target != source)
+        target->lastChange.clear();
+    target->lastChange[nameOf(to)] = moved;
     return Done{};
 }
 
@@ -170,6 +179,7 @@ Outcome MemoryFiles::remove(const QString& path) {
     const std::shared_ptr<Node> folder = folderOf(path);
     if (!folder || folder->seenEntries.erase(nameOf(path)) == 0)
         return notFound(path);
+    folder->lastChange = {{nameOf(path), nullptr}};
     return Done{};
 }
 
@@ -203,6 +213,16 @@ void MemoryFiles::settle(Node& node, Reached reached) {
         node.seenContent = node.diskContent;
         node.seenEntries = node.diskEntries;
         break;
+    case Reached::lastName:
+        node.seenContent = node.diskContent;
+        node.seenEntries = node.diskEntries;
+        for (const auto& [name, entry] : node.lastChange) {
+            if (entry)
+                node.seenEntries[name] = entry;
+            else
+                node.seenEntries.erase(name);
+        }
+        break;
     case Reached::namesOnly:
         if (node.seenContent != node.diskContent)
             node.seenContent.truncate(node.seenContent.size() / 2);
@@ -212,6 +232,7 @@ void MemoryFiles::settle(Node& node, Reached reached) {
     }
     node.diskContent = node.seenContent;
     node.diskEntries = node.seenEntries;
+    node.lastChange.clear();
     for (const auto& [name, entry] : node.seenEntries)
         settle(*entry, reached);
 }

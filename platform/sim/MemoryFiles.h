@@ -24,6 +24,7 @@ public:
     // What had reached the disk, of what was not flushed, when the power went.
     enum class Reached {
         nothing,   // the state of the last flushes
+        lastName,  // of each folder the last change of a name, but none before it: out of order
         namesOnly, // new names and renames did, contents not: a file not flushed is cut in half
         everything,
     };

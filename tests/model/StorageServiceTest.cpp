@@ -187,8 +187,9 @@ TEST_P(StorageFaults, everySaveIsAllOrNothing) {
         EXPECT_EQ(failing.files.kind(configPath + QStringLiteral(".new")),
                   platform::FileKind::none);
 
-        for (const auto reached : {MemoryFiles::Reached::nothing, MemoryFiles::Reached::namesOnly,
-                                   MemoryFiles::Reached::everything}) {
+        for (const auto reached :
+             {MemoryFiles::Reached::nothing, MemoryFiles::Reached::lastName,
+              MemoryFiles::Reached::namesOnly, MemoryFiles::Reached::everything}) {
             Machine stopped;
             prepare(stopped);
             stopped.files.stopAfter(n);
