@@ -112,6 +112,7 @@ TEST_F(PosixFilesTest, aFullDiskKeepsTheOldFileAndLeavesNothingBehind) {
         const auto written =
             platform::writeDurably(files_, path("config"), QByteArray(100'000, 'x'));
         ASSERT_FALSE(written);
+        EXPECT_FALSE(files_.write(path("direct"), QByteArray(100'000, 'x')));
         EXPECT_TRUE(written.failure().detail.contains(QStringLiteral("File too large")))
             << written.failure().detail.toStdString();
     }

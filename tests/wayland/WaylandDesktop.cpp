@@ -94,6 +94,7 @@ void WaylandDesktop::setUpEnvironment() {
     const std::pair<const char*, QString> variables[] = {
         {"PATH", qEnvironmentVariable("PATH")},
         {"LANG", QStringLiteral("C.UTF-8")},
+        {"SHELL", QStringLiteral("/bin/sh")}, // that of nobody ends at once, and foot with it
         {"HOME", path(QStringLiteral("home"))},
         {"XDG_RUNTIME_DIR", path(QStringLiteral("run"))},
         {"XDG_CONFIG_HOME", path(QStringLiteral("config"))},
