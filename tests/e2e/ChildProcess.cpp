@@ -58,6 +58,7 @@ ChildProcess ChildProcess::start(const Launch& launch) {
     const QByteArray outputPath =
         launch.outputPath.isEmpty() ? QByteArray("/dev/null") : launch.outputPath.toLocal8Bit();
     const QByteArray errorPath = launch.errorPath.toLocal8Bit();
+    const QByteArray folder = launch.folder.toLocal8Bit();
 
     ChildProcess child;
     child.pid_ = fork();
@@ -74,6 +75,8 @@ ChildProcess ChildProcess::start(const Launch& launch) {
     dup2(errors, STDERR_FILENO);
     if (launch.keptDescriptor >= 0)
         fcntl(launch.keptDescriptor, F_SETFD, 0);
+    if (!folder.isEmpty() && chdir(folder.constData()) != 0)
+        _exit(127);
     execvpe(argumentPointers[0], argumentPointers.data(), environmentPointers.data());
     _exit(127);
 }

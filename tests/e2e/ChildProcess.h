@@ -17,6 +17,7 @@ struct Launch {
     QString outputPath;      // standard output
     QString errorPath;       // standard error; empty: with standard output
     int keptDescriptor = -1; // stays open in the child under the same number
+    QString folder = {};     // to start in; empty: this process's own
 };
 
 // A program that this process started and ends: the object ends it when dropped, the kernel when

@@ -172,7 +172,7 @@ bool DesktopSession::startWindowManager() {
 
 ChildProcess DesktopSession::start(const QStringList& command) const {
     const QString program = command.first().section(u'/', -1);
-    return ChildProcess::start({command, environment_, outputPath(program), {}});
+    return ChildProcess::start({command, environment_, outputPath(program), {}, -1, home()});
 }
 
 void DesktopSession::startBackground(const QStringList& command) {

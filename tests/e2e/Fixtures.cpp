@@ -45,7 +45,8 @@ xcb_window_t openTerminal(DesktopSession& session, const QString& className) {
         }
         return opened != XCB_WINDOW_NONE;
     });
-    return appeared && windows.becomesActive(opened) ? opened : xcb_window_t{XCB_WINDOW_NONE};
+    // xfwm4 leaves the focus where it was when a window comes up within its first moments.
+    return appeared && windows.activate(opened) ? opened : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void setDefaultApplications(DesktopSession& session) {

@@ -13,7 +13,7 @@ namespace skipnest::e2e {
 // the entry's path.
 [[nodiscard]] QString installTerminal(DesktopSession& session, const QString& className);
 
-// Starts it the way its entry does and waits for its window; none where it did not come.
+// Starts it the way its entry does and brings its window to front; none where it did not come.
 xcb_window_t openTerminal(DesktopSession& session, const QString& className);
 
 // mousepad for text and pcmanfm-qt for folders, whatever else this machine has installed.
