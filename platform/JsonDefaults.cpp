@@ -20,8 +20,7 @@ void JsonDefaults::load() const {
     if (files_.kind(path_) == FileKind::none)
         return;
     const Result<QByteArray> bytes = files_.read(path_, largestFile);
-    const QJsonDocument document =
-        bytes ? QJsonDocument::fromJson(*bytes) : QJsonDocument();
+    const QJsonDocument document = bytes ? QJsonDocument::fromJson(*bytes) : QJsonDocument();
     corrupt_ = !document.isObject();
     values_ = document.object();
 }

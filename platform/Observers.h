@@ -4,7 +4,7 @@
 #include "platform/Owned.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -22,35 +22,53 @@ public:
     using Callback = std::function<void(Args...)>;
 
     Observation add(Callback callback) {
-        const std::uint64_t id = ++state_->lastId;
-        state_->entries.push_back({id, std::make_shared<Callback>(std::move(callback))});
-        return Observation([weak = std::weak_ptr<State>(state_), id] {
-            if (const auto state = weak.lock())
-                std::erase_if(state->entries, [id](const Entry& entry) { return entry.id == id; });
+        auto entry = std::make_shared<Entry>(Entry{std::move(callback)});
+        state_->entries.push_back(entry);
+        return Observation([weak = std::weak_ptr<State>(state_), entry] {
+            entry->isObserving = false;
+            if (const auto state = weak.lock(); state && state->running == 0)
+                state->sweep();
         });
     }
 
+    // Allocates nothing: every X event and key press passes through here.
     void notify(Args... args) const {
         const std::shared_ptr<State> state = state_;
-        const std::vector<Entry> told = state->entries;
-        for (const Entry& entry : told) {
-            const bool stillThere = std::ranges::any_of(
-                state->entries, [&entry](const Entry& other) { return other.id == entry.id; });
-            if (stillThere)
-                (*entry.callback)(args...);
+        ++state->running;
+        const std::size_t told = state->entries.size();
+        for (std::size_t i = 0; i < told; ++i) {
+            if (state->entries[i]->isObserving)
+                state->entries[i]->callback(args...);
         }
+        if (--state->running == 0)
+            state->sweep();
     }
 
-    [[nodiscard]] bool empty() const { return state_->entries.empty(); }
+    [[nodiscard]] bool empty() const {
+        return std::ranges::none_of(state_->entries,
+                                    [](const auto& entry) { return entry->isObserving; });
+    }
 
 private:
     struct Entry {
-        std::uint64_t id;
-        std::shared_ptr<Callback> callback;
+        Callback callback;
+        bool isObserving = true;
     };
     struct State {
-        std::uint64_t lastId = 0;
-        std::vector<Entry> entries;
+        // One that is removed while notifications run stays until they are over: it may be the one
+        // that is running.
+        std::vector<std::shared_ptr<Entry>> entries;
+        int running = 0;
+
+        void sweep() {
+            // Destroyed last: what a callback holds may remove further observations.
+            std::vector<std::shared_ptr<Entry>> removed;
+            std::erase_if(entries, [&removed](const auto& entry) {
+                if (!entry->isObserving)
+                    removed.push_back(entry);
+                return !entry->isObserving;
+            });
+        }
     };
     std::shared_ptr<State> state_ = std::make_shared<State>();
 };

@@ -29,15 +29,15 @@ void QtExecutor::serial(Work work, Work done) {
 }
 
 void QtExecutor::start(QThreadPool& pool, Work work, Work done) {
-    pool.start([&scheduler = scheduler_, alive = alive_, work = std::move(work),
-                done = std::move(done)] {
-        work();
-        // `alive` is read on the main thread only, where it is also written.
-        scheduler.post([alive, done] {
-            if (*alive)
-                done();
+    pool.start(
+        [&scheduler = scheduler_, alive = alive_, work = std::move(work), done = std::move(done)] {
+            work();
+            // `alive` is read on the main thread only, where it is also written.
+            scheduler.post([alive, done] {
+                if (*alive)
+                    done();
+            });
         });
-    });
 }
 
 } // namespace skipnest::platform

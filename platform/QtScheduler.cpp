@@ -49,7 +49,8 @@ Timer QtScheduler::start(Duration interval, const char* name, Task task, Repetit
         running();
     });
     timer->start(milliseconds);
-    running_[id] = QStringLiteral("%1 (%2)").arg(QString::fromLatin1(name)).arg(milliseconds.count());
+    running_[id] =
+        QStringLiteral("%1 (%2)").arg(QString::fromLatin1(name)).arg(milliseconds.count());
     return Timer([self = QPointer<QtScheduler>(this), timer = QPointer<QTimer>(timer), id] {
         if (!self)
             return;

@@ -3,8 +3,12 @@
 
 namespace skipnest::platform {
 
-QDateTime SystemWallClock::nowUtc() const { return QDateTime::currentDateTimeUtc(); }
+QDateTime SystemWallClock::nowUtc() const {
+    return QDateTime::currentDateTimeUtc();
+}
 
-QTimeZone SystemWallClock::zone() const { return QTimeZone::systemTimeZone(); }
+QTimeZone SystemWallClock::zone() const {
+    return QTimeZone::systemTimeZone();
+}
 
 } // namespace skipnest::platform

@@ -51,8 +51,7 @@ Failure noProcess(ProcessIdentifier pid) {
 
 SimApplications::SimApplications(platform::Scheduler& scheduler, Journal& journal,
                                  platform::Files& files, RunningApplication self)
-    : scheduler_(scheduler), journal_(journal), files_(files), self_(std::move(self)) {
-}
+    : scheduler_(scheduler), journal_(journal), files_(files), self_(std::move(self)) {}
 
 SimApplications::~SimApplications() {
     *alive_ = false;
@@ -191,6 +190,14 @@ Outcome SimApplications::ignoreHide(const QString& name) {
     return Done{};
 }
 
+Outcome SimApplications::withholdFocus(const QString& name) {
+    Entry* app = entry(name);
+    if (!app)
+        return notFound(u"%1 is not installed"_s.arg(name));
+    app->focusWithheld = true;
+    return Done{};
+}
+
 Outcome SimApplications::ignoreQuit(const QString& name) {
     Entry* app = entry(name);
     if (!app)
@@ -308,7 +315,8 @@ void SimApplications::openApplication(const QString& path, OpenCompletion comple
         Entry& app = *entry(found->app.name);
         if (app.app.running == Running::no)
             launch(app);
-        toFront(app);
+        if (!app.focusWithheld)
+            toFront(app);
         completion(Done{});
     });
 }
@@ -352,12 +360,14 @@ Outcome SimApplications::activate(ProcessIdentifier pid, ActivationOption option
         return noProcess(pid);
     journal_.call(u"activate"_s,
                   {{u"app"_s, app ? app->name : self_.name}, {u"options"_s, optionText(option)}});
-    soon([this, pid] {
+    soon([this, pid, option] {
         if (pid == self_.pid) {
             if (std::exchange(active_, pid) != pid)
                 tell(self_);
         } else if (const SimApp* target = findRunning(pid)) {
-            toFront(*entry(target->name));
+            Entry& activated = *entry(target->name);
+            if (!activated.focusWithheld || option == ActivationOption::ignoringOtherApps)
+                toFront(activated);
         }
     });
     return Done{};

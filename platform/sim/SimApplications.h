@@ -59,6 +59,9 @@ public:
     // From now on hiding it, or quitting it politely, is accepted and has no effect.
     [[nodiscard]] platform::Outcome ignoreHide(const QString& name);
     [[nodiscard]] platform::Outcome ignoreQuit(const QString& name);
+    // From now on it comes to the front only when activated past the other applications, as under a
+    // window manager that keeps the focus where it is.
+    [[nodiscard]] platform::Outcome withholdFocus(const QString& name);
     // The application, by name, that opens this path; it need not be installed yet.
     void setDefaultApplication(const QString& path, const QString& name);
     // The system refuses to open what is at this path.
@@ -103,6 +106,7 @@ private:
         bool hidden = false;
         bool ignoresHide = false;
         bool ignoresQuit = false;
+        bool focusWithheld = false;
         bool hasRun = false;
     };
 
