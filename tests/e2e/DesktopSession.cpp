@@ -29,6 +29,22 @@ QStringList windowManagerCommand(WindowManager windowManager) {
     return {};
 }
 
+// "…/skipnest-e2e-PID-XXXXXX": whose it is can be told.
+QString folderTemplate() {
+    return QDir::tempPath() + QStringLiteral("/skipnest-e2e-%1-XXXXXX").arg(getpid());
+}
+
+// A harness that was killed leaves its folder; the next one clears it away.
+void removeAbandonedFolders() {
+    const QDir temporary(QDir::tempPath());
+    for (const QString& name :
+         temporary.entryList({QStringLiteral("skipnest-e2e-*-*")}, QDir::Dirs)) {
+        const QString owner = name.section(u'-', 2, 2);
+        if (!QFile::exists(QStringLiteral("/proc/") + owner))
+            QDir(temporary.filePath(name)).removeRecursively();
+    }
+}
+
 // One line from a pipe, or nothing when none came in time.
 QString firstLine(int descriptor) {
     QByteArray line;
@@ -55,8 +71,9 @@ QStringList DesktopSession::missingPrograms(WindowManager windowManager) {
 }
 
 DesktopSession::DesktopSession(WindowManager windowManager)
-    : kind_(windowManager), folder_(QDir::tempPath() + QStringLiteral("/skipnest-e2e-XXXXXX")) {
+    : kind_(windowManager), folder_(folderTemplate()) {
     adoptOrphans();
+    removeAbandonedFolders();
     makeFolders();
     if (!startDisplay())
         failure_ = QStringLiteral("Xvfb did not start");
