@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr qsizetype longestRequest = 64 * 1024;
+constexpr qsizetype longestRequest = 65'536;
 constexpr std::size_t mostConnections = 16;
 constexpr platform::Duration longestSilence = 2s;
 

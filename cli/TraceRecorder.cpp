@@ -8,6 +8,8 @@
 
 #include <QStringBuilder>
 
+#include <utility>
+
 namespace skipnest::cli {
 
 using model::ShortcutItem;
@@ -15,6 +17,21 @@ using platform::Failure;
 using platform::Instant;
 using platform::Result;
 using platform::RunningApplication;
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// The tap sees the key of a hotkey too, before or after the hotkey itself arrives on its own way;
+// `hotkey` stands for both. Nobody presses two keys this close together.
+constexpr platform::Duration oneKey = 5ms;
+constexpr platform::Duration hotkeyFollowsWithin = 50ms;
+
+bool areOneKey(Instant a, Instant b) {
+    return std::chrono::abs(a - b) < oneKey;
+}
+
+} // namespace
 
 Result<std::unique_ptr<TraceRecorder>> TraceRecorder::open(const QString& path,
                                                            app::AppDelegate& agent) {
@@ -78,23 +95,37 @@ void TraceRecorder::declare(const RunningApplication& app) {
 }
 
 void TraceRecorder::activated(const RunningApplication& app) {
+    writePendingKey();
     declare(app);
     writer_->write(agent_.ports().scheduler.now(), trace::BringToFront{app.name});
 }
 
 void TraceRecorder::hotkeyPressed(const hotkeys::PlannedHotkey& hotkey, Instant time) {
+    if (pendingKey_ && areOneKey(*pendingKey_, time))
+        pendingKey_.reset();
+    writePendingKey();
     lastHotkey_ = time;
     writer_->write(time, trace::PressHotkey{hotkey.combo});
 }
 
 void TraceRecorder::modifiersChanged(const platform::ModifierEvent& event) {
+    writePendingKey();
     writer_->write(event.time, trace::ChangeModifiers{event.keyCode, event.flags});
 }
 
 void TraceRecorder::otherKeyPressed(Instant time) {
-    // The tap sees the key of a hotkey too, with the same time; `hotkey` stands for both.
-    if (time != lastHotkey_)
-        writer_->write(time, trace::PressKey{trace::TraceWriter::withheldKey, {}, {}, false});
+    writePendingKey();
+    if (lastHotkey_ && areOneKey(*lastHotkey_, time))
+        return;
+    pendingKey_ = time;
+    pendingTimer_ = agent_.ports().scheduler.after(hotkeyFollowsWithin, "recorded key",
+                                                   [this] { writePendingKey(); });
+}
+
+void TraceRecorder::writePendingKey() {
+    pendingTimer_.reset();
+    if (const auto time = std::exchange(pendingKey_, std::nullopt))
+        writer_->write(*time, trace::PressKey{trace::TraceWriter::withheldKey, {}, {}, false});
 }
 
 } // namespace skipnest::cli

@@ -8,6 +8,7 @@
 #include <QFile>
 
 #include <memory>
+#include <optional>
 #include <set>
 
 namespace skipnest::cli {
@@ -31,13 +32,17 @@ private:
     void writeStage();
     void declare(const platform::RunningApplication& app);
     void activated(const platform::RunningApplication& app);
+    void writePendingKey();
     void hotkeyPressed(const hotkeys::PlannedHotkey& hotkey, platform::Instant time);
 
     app::AppDelegate& agent_;
     QFile file_;
     std::unique_ptr<trace::TraceWriter> writer_;
     std::set<QString> declared_;
-    platform::Instant lastHotkey_;
+    // A key that may yet turn out to be a hotkey's.
+    std::optional<platform::Instant> pendingKey_;
+    platform::Timer pendingTimer_;
+    std::optional<platform::Instant> lastHotkey_;
     platform::KeyTap tap_;
     platform::Observation activations_;
     platform::Observation presses_;

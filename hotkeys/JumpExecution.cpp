@@ -53,10 +53,10 @@ JumpExecution::Started JumpExecution::jump(const ShortcutItem& item, platform::I
                                      resolved->failure().detail);
         }
     }
-    return open(std::move(opening));
+    return open(opening);
 }
 
-JumpExecution::Started JumpExecution::open(Opening opening) {
+JumpExecution::Started JumpExecution::open(const Opening& opening) {
     if (ports_.files.kind(opening.path) == platform::FileKind::none) {
         ports_.diagnostics.print(u"[Skipnest] Target does not exist: " % opening.path);
         showNotFound(opening.path);

@@ -56,7 +56,7 @@ private:
         Completion completion;
     };
 
-    Started open(Opening opening);
+    Started open(const Opening& opening);
     Started openApplication(const Opening& opening, platform::ScopedAccess access);
     Started openDocument(const Opening& opening, platform::ScopedAccess access);
     Started reactivate(const Opening& opening, const platform::RunningApplication& front);

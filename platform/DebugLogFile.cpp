@@ -34,9 +34,8 @@ QString escapedForLog(const QString& text) {
     return escaped;
 }
 
-DebugLogFile::DebugLogFile(QString folder, Scheduler& scheduler, const WallClock& clock)
-    : scheduler_(scheduler), clock_(clock),
-      file_(std::move(folder) + QStringLiteral("/Skipnest-debug.log")) {}
+DebugLogFile::DebugLogFile(const QString& folder, Scheduler& scheduler, const WallClock& clock)
+    : scheduler_(scheduler), clock_(clock), file_(folder + QStringLiteral("/Skipnest-debug.log")) {}
 
 DebugLogFile::~DebugLogFile() {
     *alive_ = false;

@@ -20,7 +20,7 @@ namespace skipnest::platform {
 // a disk. A log that cannot be written is silent: there is nobody left to tell.
 class DebugLogFile final : public Diagnostics {
 public:
-    DebugLogFile(QString folder, Scheduler& scheduler, const WallClock& clock);
+    DebugLogFile(const QString& folder, Scheduler& scheduler, const WallClock& clock);
     ~DebugLogFile() override;
 
     void log(const QString& line) override;

@@ -3,7 +3,8 @@
 
 namespace skipnest::platform {
 
-Outcome writeDurably(Files& files, const QString& path, const QByteArray& bytes) {
+Outcome writeDurably(Files& files, const QString& link, const QByteArray& bytes) {
+    const QString path = files.followLinks(link);
     const QString temporary = path + QStringLiteral(".new");
     const auto giveUp = [&](const Outcome& why) {
         (void)files.remove(temporary);

@@ -21,6 +21,8 @@ public:
     virtual ~Files() = default;
 
     [[nodiscard]] virtual FileKind kind(const QString& path) const = 0;
+    // Where the symbolic links at this path lead; the path itself where nothing is there.
+    [[nodiscard]] virtual QString followLinks(const QString& path) const = 0;
     // Whole content; `tooLarge` without reading when the file is above `limit` bytes.
     [[nodiscard]] virtual Result<QByteArray> read(const QString& path, std::int64_t limit) = 0;
     // File names in a folder, sorted, without "." and "..".
@@ -39,7 +41,8 @@ public:
 
 // Replaces the file at `path` by `bytes` so that a crash or power loss at any moment leaves the old
 // or the new content: temporary file in the same folder, flush, rename, flush of the folder. On
-// failure the old file stands and the temporary one is removed where possible.
+// failure the old file stands and the temporary one is removed where possible. A symbolic link at
+// `path` stays: people keep their settings in a folder of their own and link to it.
 Outcome writeDurably(Files& files, const QString& path, const QByteArray& bytes);
 
 } // namespace skipnest::platform

@@ -16,7 +16,7 @@ struct MonotonicClock {
     using rep = duration::rep;
     using period = duration::period;
     using time_point = std::chrono::time_point<MonotonicClock>;
-    static constexpr bool is_steady = true;
+    static constexpr bool is_steady = true; // NOLINT(readability-identifier-naming): a clock's
 };
 using Instant = MonotonicClock::time_point;
 

@@ -5,6 +5,7 @@ import QtQuick.Layouts
 FocusScope {
     id: root
 
+    required property AlertContent alert
     readonly property int margin: 20
 
     implicitWidth: 420
@@ -13,11 +14,11 @@ FocusScope {
     height: implicitHeight
     focus: true
 
-    Keys.onEscapePressed: alert.chosen(alert.buttons.length - 1)
+    Keys.onEscapePressed: root.alert.chosen(root.alert.buttons.length - 1)
 
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: alert.message
-    Accessible.description: alert.informativeText
+    Accessible.name: root.alert.message
+    Accessible.description: root.alert.informativeText
 
     ColumnLayout {
         id: content
@@ -37,12 +38,12 @@ FocusScope {
                 radius: 20
                 color: "transparent"
                 border.width: 2
-                border.color: alert.warningColor
+                border.color: root.alert.warningColor
 
                 Text {
                     anchors.centerIn: parent
                     text: "!"
-                    color: alert.warningColor
+                    color: root.alert.warningColor
                     font.pixelSize: 24
                     font.bold: true
                 }
@@ -54,9 +55,9 @@ FocusScope {
 
                 Text {
                     Layout.fillWidth: true
-                    text: alert.message
+                    text: root.alert.message
                     textFormat: Text.PlainText
-                    color: alert.textColor
+                    color: root.alert.textColor
                     font.pixelSize: 16
                     font.bold: true
                     wrapMode: Text.Wrap
@@ -64,9 +65,9 @@ FocusScope {
 
                 Text {
                     Layout.fillWidth: true
-                    text: alert.informativeText
+                    text: root.alert.informativeText
                     textFormat: Text.PlainText
-                    color: alert.secondaryTextColor
+                    color: root.alert.secondaryTextColor
                     font.pixelSize: 14
                     // A path is one long word; a very long one ends in an ellipsis.
                     wrapMode: Text.Wrap
@@ -82,60 +83,18 @@ FocusScope {
             layoutDirection: Qt.RightToLeft
 
             Repeater {
-                model: alert.buttons
+                model: root.alert.buttons
 
-                Rectangle {
-                    id: button
-
+                // Components of Qt 6.4 cannot be bound to the ids around them, so qmllint does not
+                // see `root` from in here.
+                AlertButton {
                     required property int index
                     required property string modelData
-                    readonly property bool isDefault: index === 0
 
-                    implicitWidth: Math.max(96, label.implicitWidth + 32)
-                    implicitHeight: 36
-                    radius: 8
-                    color: isDefault ? alert.accentColor : alert.surfaceColor
-                    border.width: 1
-                    border.color: isDefault ? alert.accentColor : alert.borderColor
-                    opacity: area.pressed ? 0.8 : 1
-                    focus: isDefault
-                    activeFocusOnTab: true
-
-                    Accessible.role: Accessible.Button
-                    Accessible.name: modelData
-                    Accessible.onPressAction: alert.chosen(index)
-
-                    Keys.onReturnPressed: alert.chosen(index)
-                    Keys.onEnterPressed: alert.chosen(index)
-                    Keys.onSpacePressed: alert.chosen(index)
-
-                    Text {
-                        id: label
-
-                        anchors.centerIn: parent
-                        text: button.modelData
-                        textFormat: Text.PlainText
-                        color: button.isDefault ? alert.accentTextColor : alert.textColor
-                        font.pixelSize: 14
-                        font.bold: button.isDefault
-                    }
-
-                    Rectangle {
-                        anchors.fill: parent
-                        anchors.margins: -3
-                        radius: parent.radius + 3
-                        color: "transparent"
-                        border.width: 2
-                        border.color: alert.accentColor
-                        visible: button.activeFocus
-                    }
-
-                    MouseArea {
-                        id: area
-
-                        anchors.fill: parent
-                        onClicked: alert.chosen(button.index)
-                    }
+                    label: modelData
+                    isDefault: index === 0
+                    alert: root.alert // qmllint disable unqualified
+                    onPressed: root.alert.chosen(index) // qmllint disable unqualified
                 }
             }
         }

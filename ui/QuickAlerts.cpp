@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QScreen>
@@ -11,11 +10,8 @@
 #include <algorithm>
 #include <utility>
 
-// The linker leaves the resources of a static library out unless something asks for them. The macro
-// only works outside of any namespace.
-static void loadResources() {
-    Q_INIT_RESOURCE(ui);
-}
+// The linker leaves the type registration of a static library out unless something asks for it.
+extern void qml_register_types_Skipnest(); // NOLINT(readability-identifier-naming): generated
 
 namespace skipnest::ui {
 
@@ -32,7 +28,7 @@ struct QuickAlerts::Window {
 };
 
 QuickAlerts::QuickAlerts(std::function<const Palette&()> palette) : palette_(std::move(palette)) {
-    loadResources();
+    qml_register_types_Skipnest();
 }
 
 QuickAlerts::~QuickAlerts() = default;
@@ -56,14 +52,18 @@ void QuickAlerts::show(const Alert& alert, std::function<void(int)> answered) {
     view.setFlags(Qt::Dialog | Qt::WindowStaysOnTopHint);
     view.setResizeMode(QQuickView::SizeViewToRootObject);
     view.setColor(window->content->windowColor());
-    view.rootContext()->setContextProperty(QStringLiteral("alert"), window->content.get());
-    view.setSource(QUrl(QStringLiteral("qrc:/skipnest/ui/Alert.qml")));
+    view.setInitialProperties(
+        {{QStringLiteral("alert"), QVariant::fromValue(window->content.get())}});
+    view.setSource(QUrl(QStringLiteral("qrc:/Skipnest/Alert.qml")));
     connect(
         window->content.get(), &AlertContent::chosen, this,
         [this, raw](int index) { closed(raw, index); }, Qt::QueuedConnection);
     view.installEventFilter(this);
     windows_.push_back(std::move(window));
 
+    // As large as its text: there is nothing to gain from another size.
+    view.setMinimumSize(view.size());
+    view.setMaximumSize(view.size());
     if (const QScreen* screen = view.screen()) {
         const QRect available = screen->availableGeometry();
         // A little above the middle, where the eye looks first.

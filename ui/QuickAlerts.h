@@ -5,6 +5,7 @@
 #include "ui/Theme.h"
 
 #include <QObject>
+#include <qqmlintegration.h>
 
 #include <functional>
 #include <memory>
@@ -17,6 +18,8 @@ namespace skipnest::ui {
 // What one alert window shows; `choose` is called by its buttons.
 class AlertContent final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the alert that it shows")
     Q_PROPERTY(QString message READ message CONSTANT)
     Q_PROPERTY(QString informativeText READ informativeText CONSTANT)
     Q_PROPERTY(QStringList buttons READ buttons CONSTANT)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/AppConfiguration.h"
+
 #include <QColor>
 
 namespace skipnest::ui {
@@ -21,5 +23,7 @@ struct Palette {
 extern const Palette lightPalette;
 extern const Palette darkPalette;
 extern const Palette brandPalette;
+
+[[nodiscard]] const Palette& palette(model::Theme theme);
 
 } // namespace skipnest::ui

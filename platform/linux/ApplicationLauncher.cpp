@@ -47,8 +47,7 @@ void startup_context_class_init(StartupContextClass* type) {
     type->parent.get_startup_notify_id = startupId;
 }
 
-void startup_context_init(StartupContext*) {
-}
+void startup_context_init(StartupContext*) {}
 
 GObjectPtr<GAppLaunchContext> makeContext(const QByteArray& id) {
     GObjectPtr<GAppLaunchContext> context(
@@ -57,8 +56,9 @@ GObjectPtr<GAppLaunchContext> makeContext(const QByteArray& id) {
         g_object_set_data_full(G_OBJECT(context.get()), startupIdKey, g_strdup(id.constData()),
                                g_free);
     }
-    // Programs that do not announce startup notification may still read them. An id that this
-    // program was itself started with is spent, and must not reach another one.
+    // Some programs take a Wayland token though their entry does not say so, and GIO would leave it
+    // out. An id that this program was itself started with is spent, and must not reach another
+    // one.
     for (const char* variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
         if (id.isEmpty())
             g_app_launch_context_unsetenv(context.get(), variable);

@@ -162,13 +162,29 @@ const DesktopEntry* DesktopEntries::entry(const QString& path) {
     const QString suffix = QStringLiteral(".desktop");
     if (!path.endsWith(suffix))
         return nullptr;
+    const FileState state = fileState(path);
     const auto read = readDesktopEntry(path, baseName(path).chopped(suffix.size()));
     if (!read)
         return nullptr;
-    foreign_.append(path);
+    foreign_.insert(path, state);
     index_->add(*read);
     ++generation_;
     return index_->withPath(path);
+}
+
+void DesktopEntries::refresh(const QString& path) {
+    const auto read = foreign_.constFind(path);
+    if (read == foreign_.constEnd() || *read == fileState(path))
+        return;
+    foreign_.erase(read);
+    index_->remove(path);
+    ++generation_;
+    (void)entry(path);
+}
+
+DesktopEntries::FileState DesktopEntries::fileState(const QString& path) {
+    const QFileInfo file(path);
+    return {file.lastModified(), file.size()};
 }
 
 platform::Observation DesktopEntries::observeChanges(std::function<void()> changed) {
@@ -190,7 +206,7 @@ void DesktopEntries::readLater() {
 
 void DesktopEntries::adopt(std::vector<DesktopEntry> entries) {
     DesktopEntryIndex fresh(std::move(entries));
-    const QStringList foreign = std::exchange(foreign_, {});
+    const QStringList foreign = std::exchange(foreign_, {}).keys();
     index_ = std::move(fresh);
     ++generation_;
     for (const QString& path : foreign)

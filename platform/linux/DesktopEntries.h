@@ -7,6 +7,8 @@
 #include "platform/linux/DesktopEntryIndex.h"
 #include "platform/linux/FolderWatch.h"
 
+#include <QDateTime>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -28,7 +30,7 @@ namespace skipnest::linuxdesktop {
 
 // The installed applications, kept up to date: read off the main thread at start and again when the
 // folders change, and on the spot if somebody asks before that is done. A .desktop file outside
-// those folders joins the index when it is first asked for.
+// those folders joins the index when it is first asked for; nobody tells when it is edited.
 class DesktopEntries {
 public:
     DesktopEntries(platform::Scheduler& scheduler, platform::Executor& executor);
@@ -36,6 +38,9 @@ public:
     [[nodiscard]] const DesktopEntryIndex& index();
     // Valid until the generation changes; null where the file is no readable entry.
     [[nodiscard]] const DesktopEntry* entry(const QString& path);
+    // Reads the entry again if its file lies outside the folders and has changed since. Looks at
+    // the disk: for before a start, not for each press of a key.
+    void refresh(const QString& path);
     // Another number means other entries.
     [[nodiscard]] std::uint64_t generation() const { return generation_; }
     // Told on the main thread after the entries were read again.
@@ -49,7 +54,14 @@ private:
     platform::Executor& executor_;
     const QStringList folders_;
     std::optional<DesktopEntryIndex> index_;
-    QStringList foreign_; // paths outside the folders that were asked for
+    // Files outside the folders that were asked for, as they were when they were read.
+    struct FileState {
+        QDateTime modified;
+        qint64 size = 0;
+        bool operator==(const FileState&) const = default;
+    };
+    static FileState fileState(const QString& path);
+    QHash<QString, FileState> foreign_;
     std::uint64_t generation_ = 0;
     std::uint64_t lastReading_ = 0;
     platform::Timer pending_;

@@ -27,6 +27,17 @@ void DesktopEntryIndex::add(DesktopEntry entry) {
         insert(byProgram_, program, kept.get());
 }
 
+void DesktopEntryIndex::remove(const QString& path) {
+    const DesktopEntry* entry = byPath_.take(path);
+    if (entry == nullptr)
+        return;
+    for (Keys* keys : {&byId_, &byWmClass_, &byProgram_}) {
+        for (Entries& entries : *keys)
+            std::erase(entries, entry);
+    }
+    std::erase_if(entries_, [entry](const auto& kept) { return kept.get() == entry; });
+}
+
 const DesktopEntry* DesktopEntryIndex::withPath(const QString& path) const {
     return byPath_.value(path, nullptr);
 }

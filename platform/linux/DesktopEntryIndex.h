@@ -38,6 +38,7 @@ public:
     explicit DesktopEntryIndex(std::vector<DesktopEntry> entries);
 
     void add(DesktopEntry entry);
+    void remove(const QString& path);
 
     [[nodiscard]] const DesktopEntry* withPath(const QString& path) const;
     // Letter case does not matter to these.

@@ -5,6 +5,7 @@
 #include "platform/linux/SystemError.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
@@ -71,6 +72,11 @@ Outcome writeAll(const FileDescriptor& file, const QByteArray& bytes, const QStr
 }
 
 } // namespace
+
+QString PosixFiles::followLinks(const QString& path) const {
+    const QString followed = QFileInfo(path).canonicalFilePath();
+    return followed.isEmpty() ? path : followed;
+}
 
 FileKind PosixFiles::kind(const QString& path) const {
     struct stat status {};

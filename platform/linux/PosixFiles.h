@@ -10,6 +10,7 @@ namespace skipnest::linuxdesktop {
 class PosixFiles final : public platform::Files {
 public:
     [[nodiscard]] platform::FileKind kind(const QString& path) const override;
+    [[nodiscard]] QString followLinks(const QString& path) const override;
     [[nodiscard]] platform::Result<QByteArray> read(const QString& path,
                                                     std::int64_t limit) override;
     [[nodiscard]] platform::Result<QStringList> list(const QString& folder) override;

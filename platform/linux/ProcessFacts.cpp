@@ -13,7 +13,7 @@ namespace skipnest::linuxdesktop {
 namespace {
 
 // Command lines and environments have no upper limit worth trusting.
-constexpr qint64 readLimit = 256 * 1024;
+constexpr qint64 readLimit = 262'144;
 
 QString procPath(std::int64_t pid, const char* name) {
     return QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(name));

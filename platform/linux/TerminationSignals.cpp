@@ -3,6 +3,7 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -16,9 +17,11 @@ constexpr std::array handled{SIGTERM, SIGINT, SIGHUP};
 std::atomic<int> writeEnd = -1;
 
 void noteSignal(int) {
+    const int interrupted = errno; // whoever was interrupted may be about to look at it
     const char byte = 0;
     // A full pipe has said it already.
     [[maybe_unused]] const ssize_t written = write(writeEnd, &byte, 1);
+    errno = interrupted;
 }
 
 } // namespace

@@ -18,8 +18,7 @@ WaylandWorkspace::WaylandWorkspace(SessionKind session, const QString& waylandSo
                                    DesktopEntries& entries, platform::Scheduler& scheduler,
                                    platform::Executor& executor)
     : session_(session), entries_(entries), scheduler_(scheduler), launcher_(executor),
-      activation_(waylandSocket, scheduler) {
-}
+      activation_(waylandSocket, scheduler) {}
 
 Availability WaylandWorkspace::availability() const {
     if (session_ == SessionKind::none)
@@ -88,6 +87,7 @@ WaylandWorkspace::observeActivations(std::function<void(const RunningApplication
 void WaylandWorkspace::launch(LaunchRequest request, OpenCompletion completion) {
     if (session_ == SessionKind::none)
         return refuse({Failure::Kind::unavailable, availability().reason}, std::move(completion));
+    entries_.refresh(request.entryPath);
     const DesktopEntry* entry = entries_.entry(request.entryPath);
     const QString applicationId = entry != nullptr ? entry->id : QString();
     auto start = [this, request = std::move(request),

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -20,7 +21,7 @@ using platform::Outcome;
 using platform::ProcessIdentifier;
 using platform::Termination;
 
-// Time for a program to close its windows or to ask the person about unsaved work.
+// Time for a program to close its windows and to end by itself.
 constexpr platform::Duration closingTime = 2s;
 
 Failure notRunning(ProcessIdentifier pid) {
@@ -33,13 +34,11 @@ Failure notRunning(ProcessIdentifier pid) {
 X11ApplicationControl::X11ApplicationControl(platform::Scheduler& scheduler, X11Windows& windows,
                                              X11Applications& applications,
                                              X11WindowCommands& commands)
-    : windows_(windows), applications_(applications), commands_(commands), delayed_(scheduler) {
-}
+    : windows_(windows), applications_(applications), commands_(commands), delayed_(scheduler) {}
 
 ApplicationState X11ApplicationControl::state(ProcessIdentifier pid) const {
     const X11Application* application = find(pid);
-    if (application == nullptr ||
-        (application->processId > 0 && !processExists(application->processId)))
+    if (application == nullptr || hasEnded(*application))
         return {false, false, true};
     const bool hidden = std::all_of(application->windows.begin(), application->windows.end(),
                                     [this](xcb_window_t window) {
@@ -113,6 +112,13 @@ Outcome X11ApplicationControl::terminate(ProcessIdentifier pid, Termination term
     return Done{};
 }
 
+// A process that has been killed may end before its windows do. Only a number that once led to a
+// program can tell: those from inside a sandbox mean nothing here, whether or not they exist.
+bool X11ApplicationControl::hasEnded(const X11Application& application) const {
+    const X11Window* recent = windows_.find(application.windows.front());
+    return recent != nullptr && !recent->facts.executable.isEmpty() && !processExists(recent->pid);
+}
+
 const X11Application* X11ApplicationControl::find(ProcessIdentifier pid) const {
     applications_.update();
     return applications_.withPid(pid);
@@ -142,18 +148,32 @@ X11ApplicationControl::ownProcesses(const X11Application& application) const {
     return processes;
 }
 
+bool X11ApplicationControl::showsWindows(std::int64_t process) const {
+    const auto& windows = windows_.stacking();
+    return std::any_of(windows.begin(), windows.end(), [&](xcb_window_t window) {
+        const X11Window* known = windows_.find(window);
+        return known != nullptr && known->pid == process;
+    });
+}
+
 void X11ApplicationControl::terminatePolitely(const X11Application& application) {
-    std::vector<std::shared_ptr<ProcessHandle>> processes;
+    std::map<std::int64_t, std::shared_ptr<ProcessHandle>> processes;
     for (const std::int64_t process : ownProcesses(application))
-        processes.push_back(std::make_shared<ProcessHandle>(process));
+        processes.emplace(process, std::make_shared<ProcessHandle>(process));
     for (const xcb_window_t window : application.windows)
         commands_.close(window);
     if (processes.empty())
         return;
-    delayed_.after(closingTime, "end of a terminated application", [processes] {
-        for (const auto& process : processes)
-            (void)process->signal(SIGTERM); // fails where it has ended, which is what was wanted
-    });
+    delayed_.after(closingTime, "end of a terminated application",
+                   [this, processes = std::move(processes)] {
+                       windows_.settle();
+                       for (const auto& [pid, process] : processes) {
+                           // A window that is left asks about unsaved work, which a signal
+                           // destroys.
+                           if (!showsWindows(pid))
+                               (void)process->signal(SIGTERM); // fails where it has ended
+                       }
+                   });
 }
 
 Outcome X11ApplicationControl::kill(const X11Application& application) {

@@ -10,7 +10,8 @@
 namespace skipnest::linuxdesktop {
 
 // Commands to running applications through the window manager. Signals go only to processes of this
-// machine that show no other application's windows.
+// machine that show no other application's windows; a polite end signals only those that have no
+// window left.
 class X11ApplicationControl final : public platform::ApplicationControl {
 public:
     X11ApplicationControl(platform::Scheduler& scheduler, X11Windows& windows,
@@ -25,7 +26,9 @@ public:
 
 private:
     [[nodiscard]] const X11Application* find(platform::ProcessIdentifier pid) const;
+    [[nodiscard]] bool hasEnded(const X11Application& application) const;
     [[nodiscard]] std::vector<std::int64_t> ownProcesses(const X11Application& application) const;
+    [[nodiscard]] bool showsWindows(std::int64_t process) const;
     void terminatePolitely(const X11Application& application);
     [[nodiscard]] platform::Outcome kill(const X11Application& application);
 

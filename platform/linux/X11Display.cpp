@@ -25,13 +25,24 @@ std::unique_ptr<X11Display> X11Display::open(platform::Scheduler& scheduler) {
 
 X11Display::X11Display(xcb_connection_t* connection, xcb_window_t root,
                        platform::Scheduler& scheduler)
-    : connection_(connection), root_(root), scheduler_(scheduler) {
+    : connection_(connection), root_(root), clock_(xcb_generate_id(connection)),
+      scheduler_(scheduler) {
     QCoreApplication::instance()->installNativeEventFilter(this);
+    // Each change of a property is told with its time, one that changes nothing as well. So the
+    // first request has a time even if no key was pressed before.
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection_, 0, clock_, root_, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+    xcb_change_property(connection_, XCB_PROP_MODE_APPEND, clock_, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    xcb_flush(connection_);
 }
 
 X11Display::~X11Display() {
     if (auto* application = QCoreApplication::instance())
         application->removeNativeEventFilter(this);
+    xcb_destroy_window(connection_, clock_);
+    xcb_flush(connection_);
 }
 
 xcb_atom_t X11Display::atom(const char* name) const {
@@ -122,16 +133,39 @@ Instant X11Display::instant(xcb_timestamp_t serverTime) {
     return Instant(since + *serverTimeOffset_);
 }
 
-void X11Display::noteInputTime(xcb_timestamp_t time) {
+xcb_timestamp_t X11Display::requestTime() const {
+    using std::chrono::milliseconds;
+    if (newestTime_ == XCB_CURRENT_TIME)
+        return XCB_CURRENT_TIME;
+    // The server may count with a clock that is a millisecond behind ours.
+    const auto since = std::chrono::floor<milliseconds>(scheduler_.now() - newestTimeSeen_);
+    const std::int64_t elapsed = std::max<std::int64_t>(since.count() - 1, 0);
+    return newestTime_ + static_cast<xcb_timestamp_t>(elapsed);
+}
+
+void X11Display::noteServerTime(xcb_timestamp_t time) {
     // Events of two connections are not seen in the order in which they happened.
-    if (lastInputTime_ == XCB_CURRENT_TIME || static_cast<std::int32_t>(time - lastInputTime_) > 0)
-        lastInputTime_ = time;
+    if (newestTime_ != XCB_CURRENT_TIME && static_cast<std::int32_t>(time - newestTime_) < 0)
+        return;
+    newestTime_ = time;
+    newestTimeSeen_ = scheduler_.now();
 }
 
 bool X11Display::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    switch (event.response_type) { // without the top bit: the server's own word
+    case XCB_KEY_PRESS:
+    case XCB_BUTTON_PRESS:
+        noteServerTime(reinterpret_cast<const xcb_key_press_event_t&>(event).time);
+        break;
+    case XCB_PROPERTY_NOTIFY:
+        noteServerTime(reinterpret_cast<const xcb_property_notify_event_t&>(event).time);
+        break;
+    default:
+        break;
+    }
     observers_.notify(event);
     const auto filter = filter_; // it may go away while it is being asked
     return filter && (*filter)(event);

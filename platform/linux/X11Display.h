@@ -54,9 +54,13 @@ public:
     // Server time on the program's own time line. The offset is the smallest one seen: events are
     // late by the queue, never early. Survives the wrap of the server's 32 bits of milliseconds.
     [[nodiscard]] platform::Instant instant(xcb_timestamp_t serverTime);
-    // Server time of the newest key or button event noted; what activation requests carry.
-    [[nodiscard]] xcb_timestamp_t lastInputTime() const { return lastInputTime_; }
-    void noteInputTime(xcb_timestamp_t time);
+    // Server time now, never ahead of the server's own clock, asked of nobody: what requests to the
+    // window manager carry. Not the time of the last key press that was seen here: requests also
+    // come from the command line and the mouse, long after one, and desktops take an old time for
+    // a program that steals the focus. XCB_CURRENT_TIME until the server has told any time.
+    [[nodiscard]] xcb_timestamp_t requestTime() const;
+    // Takes in what time it is from an event of whatever connection.
+    void noteServerTime(xcb_timestamp_t time);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
@@ -67,6 +71,7 @@ private:
 
     xcb_connection_t* connection_;
     xcb_window_t root_;
+    const xcb_window_t clock_; // never shown
     platform::Scheduler& scheduler_;
     mutable QHash<QByteArray, xcb_atom_t> atoms_;
     platform::Observers<const xcb_generic_event_t&> observers_;
@@ -78,7 +83,8 @@ private:
     std::optional<platform::Duration> serverTimeOffset_;
     xcb_timestamp_t lastServerTime_ = 0;
     std::int64_t serverTimeWraps_ = 0;
-    xcb_timestamp_t lastInputTime_ = XCB_CURRENT_TIME;
+    xcb_timestamp_t newestTime_ = XCB_CURRENT_TIME;
+    platform::Instant newestTimeSeen_{};
 };
 
 } // namespace skipnest::linuxdesktop

@@ -40,8 +40,7 @@ void forEachLockState(std::uint16_t modifiers, std::uint16_t locks, Each each) {
 X11Hotkeys::X11Hotkeys(X11Display& display, X11Keymap& keymap, platform::Scheduler& scheduler)
     : display_(display), keymap_(keymap), scheduler_(scheduler),
       filter_(display.filterEvents([this](const auto& event) { return takes(event); })),
-      keymapChanges_(keymap.observeChanges([this] { keyboardChanged(); })) {
-}
+      keymapChanges_(keymap.observeChanges([this] { keyboardChanged(); })) {}
 
 X11Hotkeys::~X11Hotkeys() {
     endHold();
@@ -193,7 +192,6 @@ bool X11Hotkeys::pressed(const xcb_key_press_event_t& press) {
     const bool repeated = now == newestRelease_ && newestPress_.keycode == now.keycode &&
                           now.time - newestPress_.time >= shortestRepeatMilliseconds;
     newestPress_ = now;
-    display_.noteInputTime(press.time);
     if (repeated)
         return handledPress_;
     handledPress_ = false;

@@ -92,8 +92,7 @@ void X11KeyEvents::handle(const X11RawKeys::Event& event) {
         return;
     const platform::Instant time = display_.instant(event.time);
     const bool pressed = event.kind == Kind::press;
-    if (pressed)
-        display_.noteInputTime(event.time);
+    display_.noteServerTime(event.time);
 
     // A key that changes its meaning while it is down is released as what it was pressed as.
     const auto held = down_.find(event.keycode);

@@ -36,18 +36,16 @@ X11StartupNotification::~X11StartupNotification() {
 
 QByteArray X11StartupNotification::begin(const DesktopEntry& entry, std::uint32_t desktop) {
     const QByteArray id = prefix_ + QByteArray::number(++lastId_) + "_TIME" +
-                          QByteArray::number(display_.lastInputTime());
-    if (entry.startupNotify) {
-        QByteArray message =
-            "new: ID=" + quoted(QString::fromUtf8(id)) + " NAME=" + quoted(entry.name) +
-            " SCREEN=0" + " DESKTOP=" + QByteArray::number(desktop) +
-            " BIN=" + quoted(entry.programs.value(0)) + " APPLICATION_ID=" + quoted(entry.path);
-        if (!entry.icon.isEmpty())
-            message += " ICON=" + quoted(entry.icon);
-        if (!entry.startupWmClass.isEmpty())
-            message += " WMCLASS=" + quoted(entry.startupWmClass);
-        broadcast(message);
-    }
+                          QByteArray::number(display_.requestTime());
+    QByteArray message =
+        "new: ID=" + quoted(QString::fromUtf8(id)) + " NAME=" + quoted(entry.name) + " SCREEN=0" +
+        " DESKTOP=" + QByteArray::number(desktop) + " BIN=" + quoted(entry.programs.value(0)) +
+        " APPLICATION_ID=" + quoted(entry.path);
+    if (!entry.icon.isEmpty())
+        message += " ICON=" + quoted(entry.icon);
+    if (!entry.startupWmClass.isEmpty())
+        message += " WMCLASS=" + quoted(entry.startupWmClass);
+    broadcast(message);
     return id;
 }
 

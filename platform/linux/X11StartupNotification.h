@@ -17,8 +17,9 @@ public:
     X11StartupNotification(const X11StartupNotification&) = delete;
     X11StartupNotification& operator=(const X11StartupNotification&) = delete;
 
-    // A fresh startup id that ends in the time of the last key press. Where the entry says that its
-    // program answers, the start is announced to the desktop.
+    // Announces the start to the desktop; gives a fresh startup id, which ends in the time now.
+    // Only for entries that say that their program answers: the others hand the id on to whatever
+    // is started from them much later, whose windows would then count as asked for long ago.
     [[nodiscard]] QByteArray begin(const DesktopEntry& entry, std::uint32_t desktop);
     // The start came to nothing.
     void remove(const QByteArray& id);

@@ -31,7 +31,7 @@ void X11WindowCommands::activate(xcb_window_t window) {
         force(window);
         return;
     }
-    const xcb_timestamp_t time = display_.lastInputTime();
+    const xcb_timestamp_t time = display_.requestTime();
     const X11Window* known = windows_.find(window);
     // One window manager ignores activation across desktops, another pulls the window over. Going
     // to its desktop first is what both get right.
@@ -91,7 +91,7 @@ void X11WindowCommands::close(xcb_window_t window) {
     message.window = window;
     message.type = protocols_;
     message.data.data32[0] = deleteWindow_;
-    message.data.data32[1] = display_.lastInputTime();
+    message.data.data32[1] = display_.requestTime();
     xcb_connection_t* connection = display_.connection();
     ignoreErrors(connection, xcb_send_event_checked(connection, 0, window, XCB_EVENT_MASK_NO_EVENT,
                                                     reinterpret_cast<const char*>(&message)));

@@ -2,6 +2,7 @@
 #include "platform/linux/X11Windows.h"
 
 #include "platform/linux/ProcessFacts.h"
+#include "platform/linux/X11UnmanagedWindows.h"
 
 #include <QSysInfo>
 
@@ -86,6 +87,14 @@ X11Windows::~X11Windows() {
 }
 
 void X11Windows::settle() {
+    takeAnswers();
+    if (!hasWindowManager())
+        listWithoutManager();
+    if (stackingStale_)
+        updateStacking();
+}
+
+void X11Windows::takeAnswers() {
     while (!questions_.empty()) {
         const Question question = questions_.front();
         questions_.pop_front();
@@ -98,10 +107,6 @@ void X11Windows::settle() {
         else
             removeWindow(question.window);
     }
-    if (!hasWindowManager())
-        listWithoutManager();
-    if (stackingStale_)
-        updateStacking();
 }
 
 void X11Windows::relist() {
@@ -378,58 +383,15 @@ void X11Windows::noteHidden(X11Window& window) {
 }
 
 void X11Windows::listWithoutManager() {
-    xcb_connection_t* connection = display_.connection();
-    const auto focusCookie = xcb_get_input_focus(connection);
-    const XcbPtr<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(connection, xcb_query_tree(connection, display_.root()), nullptr));
-    const XcbPtr<xcb_get_input_focus_reply_t> focus(
-        xcb_get_input_focus_reply(connection, focusCookie, nullptr));
-    if (!tree)
+    const auto found = findUnmanagedWindows(display_, atoms_.icccmState);
+    if (!found)
         return;
-    struct Candidate {
-        xcb_window_t window;
-        xcb_get_window_attributes_cookie_t attributes;
-        xcb_get_property_cookie_t state;
-        xcb_get_property_cookie_t name;
-    };
-    std::vector<Candidate> candidates;
-    const xcb_window_t* children = xcb_query_tree_children(tree.get());
-    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-        const xcb_window_t child = children[i];
-        candidates.push_back(
-            {child, xcb_get_window_attributes(connection, child),
-             xcb_get_property(connection, 0, child, atoms_.icccmState, XCB_ATOM_ANY, 0, 0),
-             xcb_get_property(connection, 0, child, XCB_ATOM_WM_CLASS, XCB_ATOM_ANY, 0, 0)});
+    if (found->windows != listed_) {
+        setList(found->windows);
+        takeAnswers();
     }
-    std::vector<xcb_window_t> listed;
-    for (const Candidate& candidate : candidates) {
-        const XcbPtr<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(connection, candidate.attributes, nullptr));
-        const XcbPtr<xcb_get_property_reply_t> state(
-            xcb_get_property_reply(connection, candidate.state, nullptr));
-        const XcbPtr<xcb_get_property_reply_t> name(
-            xcb_get_property_reply(connection, candidate.name, nullptr));
-        if (!attributes || attributes->override_redirect != 0)
-            continue;
-        const bool managedOnce = state && state->type != XCB_ATOM_NONE;
-        const bool shows =
-            attributes->map_state == XCB_MAP_STATE_VIEWABLE && name && name->type != XCB_ATOM_NONE;
-        if (managedOnce || shows)
-            listed.push_back(candidate.window);
-    }
-    if (listed != listed_) {
-        setList(listed);
-        while (!questions_.empty()) {
-            const Question question = questions_.front();
-            questions_.pop_front();
-            const XcbPtr<xcb_get_property_reply_t> reply(
-                xcb_get_property_reply(connection, question.cookie, nullptr));
-            if (reply)
-                answer(question, *reply);
-        }
-    }
-    if (focus && focus->focus != active_ && windows_.contains(focus->focus))
-        setActive(focus->focus);
+    if (found->focus != active_ && windows_.contains(found->focus))
+        setActive(found->focus);
 }
 
 bool X11Windows::isOurs(xcb_window_t window) const {

@@ -79,6 +79,7 @@ private:
     };
 
     void handleEvent(const xcb_generic_event_t& event);
+    void takeAnswers();
     void ask(xcb_window_t window, xcb_atom_t property);
     void askRoot();
     void settleLater();

@@ -18,6 +18,9 @@ using platform::RunningApplication;
 // A second press while a program starts is impatience, not the wish for a second copy. A process
 // that shows nothing for longer has no window to wait for: pressing again may make it show one.
 constexpr platform::Duration startingTime = 10s;
+// Many programs are started by one that ends as soon as it has started the other; its window comes
+// within that time. For one that failed it is about as long as a person waits before a second try.
+constexpr platform::Duration handOverTime = 2s;
 
 QString suffix() {
     return QStringLiteral(".desktop");
@@ -96,6 +99,7 @@ void X11Workspace::openApplication(const QString& path, OpenCompletion completio
     const X11Application* running = applications_.startedBy(path);
     if (running == nullptr) {
         // Starting a program takes long enough to make sure first that it does not run.
+        entries_.refresh(path);
         windows_.relist();
         applications_.update();
         running = applications_.startedBy(path);
@@ -157,13 +161,13 @@ void X11Workspace::launch(const QString& entryPath, const QStringList& files,
     const DesktopEntry* entry = entries_.entry(entryPath);
     const bool announced = entry != nullptr && entry->startupNotify;
     const QByteArray startupId =
-        entry != nullptr ? startup_.begin(*entry, windows_.currentDesktop()) : QByteArray();
+        announced ? startup_.begin(*entry, windows_.currentDesktop()) : QByteArray();
     const bool application = files.isEmpty();
     if (application)
         starting_[entryPath] = {scheduler_.now(), nullptr};
     launcher_.launch(
         {entryPath, files, startupId},
-        [this, entryPath, startupId, announced, application, completion = std::move(completion),
+        [this, entryPath, startupId, application, completion = std::move(completion),
          alive = std::weak_ptr(alive_)](const platform::Result<Launched>& launched) {
             if (alive.expired())
                 return;
@@ -174,7 +178,7 @@ void X11Workspace::launch(const QString& entryPath, const QStringList& files,
                 else
                     starting_.erase(starting);
             }
-            if (!launched && announced)
+            if (!launched && !startupId.isEmpty())
                 startup_.remove(startupId);
             completion(launched ? Outcome(platform::Done{}) : Outcome(launched.failure()));
         });
@@ -185,8 +189,8 @@ bool X11Workspace::stillStarting(const QString& path) {
     if (found == starting_.end())
         return false;
     const Starting& starting = found->second;
-    const bool young = scheduler_.now() - starting.since < startingTime;
-    if (young && (!starting.process || starting.process->running()))
+    const bool running = !starting.process || starting.process->running();
+    if (scheduler_.now() - starting.since < (running ? startingTime : handOverTime))
         return true;
     starting_.erase(found);
     return false;

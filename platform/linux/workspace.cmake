@@ -10,6 +10,7 @@ list(APPEND LINUX_SOURCES
     X11Applications.cpp
     X11ScriptRunner.cpp
     X11StartupNotification.cpp
+    X11UnmanagedWindows.cpp
     X11WindowCommands.cpp
     X11Windows.cpp
     X11Workspace.cpp

@@ -41,6 +41,7 @@ public:
 class UnavailableFiles final : public platform::Files {
 public:
     [[nodiscard]] platform::FileKind kind(const QString& path) const override;
+    [[nodiscard]] QString followLinks(const QString& path) const override { return path; }
     [[nodiscard]] platform::Result<QByteArray> read(const QString& path,
                                                     std::int64_t limit) override;
     [[nodiscard]] platform::Result<QStringList> list(const QString& folder) override;

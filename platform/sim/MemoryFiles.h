@@ -33,6 +33,8 @@ public:
     ~MemoryFiles() override;
 
     [[nodiscard]] FileKind kind(const QString& path) const override;
+    // There are no links here.
+    [[nodiscard]] QString followLinks(const QString& path) const override { return path; }
     [[nodiscard]] Result<QByteArray> read(const QString& path, std::int64_t limit) override;
     [[nodiscard]] Result<QStringList> list(const QString& folder) override;
     Outcome createFolder(const QString& path) override;

@@ -73,6 +73,7 @@ struct Row {
     const char* launchedFrom = "";
 };
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name GoogleTest looks for.
 void PrintTo(const Row& row, std::ostream* out) {
     *out << row.what;
 }

@@ -86,6 +86,30 @@ TEST_F(DesktopEntriesTest, AnEntryMeantForMenusComesFirst) {
     EXPECT_EQ(index.withWmClass(QStringLiteral("same")).front()->path, second.path);
 }
 
+TEST_F(DesktopEntriesTest, AnEntryOutsideTheFoldersIsReadAgainBeforeAStart) {
+    int argc = 0;
+    QCoreApplication application(argc, nullptr);
+    platform::QtScheduler scheduler;
+    platform::QtExecutor executor(scheduler);
+    DesktopEntries entries(scheduler, executor);
+    const QString path = file("own.desktop");
+    write(path, named("Own"));
+    ASSERT_NE(entries.entry(path), nullptr);
+    const auto generation = entries.generation();
+    entries.refresh(path);
+    EXPECT_EQ(entries.generation(), generation) << "nothing has changed";
+    write(path, "Name=Renamed\nExec=other\nStartupWMClass=Wm\n");
+    entries.refresh(path);
+    EXPECT_NE(entries.generation(), generation);
+    ASSERT_NE(entries.entry(path), nullptr);
+    EXPECT_EQ(entries.entry(path)->name, QStringLiteral("Renamed"));
+    EXPECT_EQ(entries.index().withWmClass(QStringLiteral("wm")).size(), 1U);
+    ASSERT_TRUE(QFile::remove(path));
+    entries.refresh(path);
+    EXPECT_EQ(entries.entry(path), nullptr);
+    EXPECT_TRUE(entries.index().withWmClass(QStringLiteral("wm")).empty());
+}
+
 TEST_F(DesktopEntriesTest, FollowsFoldersThatAppearAndFilesThatChange) {
     int argc = 0;
     QCoreApplication application(argc, nullptr);

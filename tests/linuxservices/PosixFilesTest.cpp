@@ -55,6 +55,16 @@ protected:
     PosixFiles files_;
 };
 
+TEST_F(PosixFilesTest, linkToSettingsElsewhereStaysALink) {
+    ASSERT_TRUE(files_.createFolder(path("dotfiles")));
+    ASSERT_TRUE(files_.write(path("dotfiles/config.json"), "old"));
+    ASSERT_TRUE(QFile::link(path("dotfiles/config.json"), path("config.json")));
+    ASSERT_TRUE(platform::writeDurably(files_, path("config.json"), "new"));
+    EXPECT_EQ(files_.read(path("dotfiles/config.json"), noLimit).value(), "new");
+    EXPECT_EQ(QFile::symLinkTarget(path("config.json")), path("dotfiles/config.json"));
+    EXPECT_EQ(entries(), QStringList({QStringLiteral("config.json"), QStringLiteral("dotfiles")}));
+}
+
 TEST_F(PosixFilesTest, whatIsNoRegularFileIsRefusedAtOnce) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     ASSERT_TRUE(files_.createFolder(path("folder")));

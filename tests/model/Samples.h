@@ -13,6 +13,7 @@
 #include <ostream>
 
 // So that a failed comparison prints text and not bytes.
+// NOLINTNEXTLINE(readability-identifier-naming): the name GoogleTest looks for.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
 }

@@ -15,7 +15,6 @@ namespace skipnest::model {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const QString configPath = QStringLiteral("/home/me/Skipnest/config.json");
 

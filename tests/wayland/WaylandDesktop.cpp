@@ -76,8 +76,12 @@ WaylandDesktop::~WaylandDesktop() {
 }
 
 bool WaylandDesktop::becomeOrdinaryUser() {
-    if (e2e::Agent::missing().isEmpty())
+    if (e2e::Agent::missing().isEmpty()) {
         QFile::copy(e2e::Agent::binary(), path(QStringLiteral("skipnest")));
+        // Its other half lies beside it.
+        QFile::copy(e2e::Agent::binary() + QStringLiteral("-agent"),
+                    path(QStringLiteral("skipnest-agent")));
+    }
     if (::geteuid() != 0)
         return true;
     const QByteArray folder = QFile::encodeName(folder_.path());

@@ -57,7 +57,7 @@ private:
     [[nodiscard]] bool startBus();
     [[nodiscard]] bool startSway();
 
-    static WaylandDesktop* current_;
+    static WaylandDesktop* current_; // NOLINT(readability-identifier-naming): a private member
     QTemporaryDir folder_;
     QStringList environment_;
     QString failure_;

@@ -11,6 +11,8 @@
 #include "platform/linux/TerminationSignals.h"
 #include "ui/QuickAlerts.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcessEnvironment>
 #include <QQuickWindow>
@@ -84,17 +86,29 @@ std::unique_ptr<cli::TraceRecorder> startRecording(const QString& path,
 } // namespace
 
 int runAgent(int argc, char** argv, const AgentOptions& options) {
+    const QString recordFile =
+        options.recordFile.isEmpty() ? QString() : QFileInfo(options.recordFile).absoluteFilePath();
+    const platform::AppInfo app =
+        linuxdesktop::linuxAppInfo(QProcessEnvironment::systemEnvironment());
+    // What is opened from here starts at home, wherever the agent was started, and the agent keeps
+    // no mounted disk busy.
+    QDir::setCurrent(app.home);
     const SessionApplication application(argc, argv);
-    nameApplication(linuxdesktop::linuxAppInfo(QProcessEnvironment::systemEnvironment()));
+    nameApplication(app);
     preferSoftwareRendering();
-    ui::QuickAlerts alerts([]() -> const ui::Palette& { return ui::brandPalette; });
+    app::AppDelegate* launched = nullptr;
+    ui::QuickAlerts alerts([&launched]() -> const ui::Palette& {
+        return ui::palette(launched != nullptr ? launched->viewModel().theme()
+                                               : model::Theme::brand);
+    });
     const auto backend = linuxdesktop::makeLinuxBackend(application.session(), alerts);
     std::unique_ptr<cli::TraceRecorder> recorder;
     app::Agent agent(*backend, {
                                    .quit = [](int status) { QCoreApplication::exit(status); },
                                    .launched =
                                        [&](app::AppDelegate& delegate) {
-                                           recorder = startRecording(options.recordFile, delegate);
+                                           launched = &delegate;
+                                           recorder = startRecording(recordFile, delegate);
                                        },
                                });
     const linuxdesktop::TerminationSignals signals_([] { QCoreApplication::quit(); });
@@ -103,7 +117,7 @@ int runAgent(int argc, char** argv, const AgentOptions& options) {
     return QCoreApplication::exec();
 }
 
-int runSubcommand(int argc, char** argv, const QStringList& words) {
+int runSubcommandOfAgent(int argc, char** argv, const QStringList& words) {
     const auto environment = QProcessEnvironment::systemEnvironment();
     const platform::AppInfo app = linuxdesktop::linuxAppInfo(environment);
     // Only the doctor looks at the display; the rest starts faster without one.
@@ -115,7 +129,7 @@ int runSubcommand(int argc, char** argv, const QStringList& words) {
     else
         core = std::make_unique<QCoreApplication>(argc, argv);
     nameApplication(app);
-    ui::QuickAlerts alerts([]() -> const ui::Palette& { return ui::brandPalette; });
+    ui::QuickAlerts alerts([]() -> const ui::Palette& { return ui::palette(model::Theme::brand); });
     std::unique_ptr<platform::Backend> backend;
     const cli::Context context{
         .backend = [&]() -> const platform::Backend& {

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace skipnest::cli {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Finished {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+// The real program with a home of its own, no display and no agent.
+class CommandLineTest : public testing::Test {
+protected:
+    Finished run(const QStringList& words, const QByteArray& input = {}) const {
+        QProcess process;
+        QProcessEnvironment environment;
+        environment.insert(QStringLiteral("HOME"), home.path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home.path());
+        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+        environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SKIPNEST_BINARY), words);
+        process.write(input);
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.waitForFinished());
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+    QString file(const char* name, const QByteArray& content) const {
+        const QString path = home.filePath(QString::fromUtf8(name));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+        file.write(content);
+        return path;
+    }
+
+    QTemporaryDir home;
+};
+
+const QByteArray emptyDocument =
+    R"({"version":1,"shortcuts":[],"launchAtLogin":false,"menuBarIconName":"skipnest"})";
+
+TEST_F(CommandLineTest, wrongUsageSaysWhatAndEndsWithTwo) {
+    struct Row {
+        QStringList words;
+        const char* said;
+    };
+    const auto s = [](const char* text) { return QString::fromUtf8(text); };
+    const Row rows[] = {
+        {{s("fly")}, "no subcommand \"fly\""},
+        {{s("combo")}, "an argument is missing"},
+        {{s("combo"), s("a"), s("b")}, "too many arguments, from \"b\" on"},
+        {{s("combo"), s("ctrl+qux")}, "qux"},
+        {{s("combo"), s("ctrl+ctrl+j")}, "ctrl"},
+        {{s("combo"), s("")}, "skipnest: "},
+        {{s("hotkeys")}, "--config"},
+        {{s("hotkeys"), s("--config")}, "--config needs a value"},
+        {{s("list"), s("--quick")}, "unknown option \"--quick\""},
+        {{s("run"), s("fast")}, "run does not understand \"fast\""},
+        {{s("--record")}, "run does not understand \"--record\""},
+        {{s("help"), s("fly")}, "no subcommand \"fly\""},
+    };
+    for (const Row& row : rows) {
+        const Finished finished = run(row.words);
+        EXPECT_EQ(finished.status, 2) << row.words.join(u' ').toStdString();
+        EXPECT_THAT(finished.err, HasSubstr(row.said));
+        EXPECT_EQ(finished.out, "");
+    }
+}
+
+TEST_F(CommandLineTest, comboIsPrintedWithWhatSpeaksAgainstIt) {
+    EXPECT_EQ(run({QStringLiteral("combo"), QStringLiteral("⌃⌥J")}).out,
+              "{\"keyCode\":38,\"modifiers\":6,\"refusal\":null,\"symbols\":\"⌃⌥J\","
+              "\"warning\":null,\"words\":\"Ctrl + Opt + J\"}\n");
+    const Finished refused = run({QStringLiteral("combo"), QStringLiteral("cmd+Q")});
+    EXPECT_EQ(refused.status, 0);
+    EXPECT_THAT(refused.out,
+                HasSubstr("\"refusal\":\"Cmd + Q is a system shortcut and cannot be used.\""));
+}
+
+TEST_F(CommandLineTest, configurationIsCheckedFromFileAndStandardInput) {
+    const Finished good =
+        run({QStringLiteral("config"), QStringLiteral("check"), file("good.json", emptyDocument)});
+    EXPECT_EQ(good.status, 0);
+    EXPECT_THAT(good.out, StartsWith("{\n    \"launchAtLogin\": false,\n"));
+    const Finished bad =
+        run({QStringLiteral("config"), QStringLiteral("check"), QStringLiteral("-")},
+            R"({"version":1,"shortcuts":[]})");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.out, "");
+    EXPECT_THAT(bad.err, HasSubstr("launchAtLogin"));
+    EXPECT_EQ(run({QStringLiteral("config"), QStringLiteral("check"), home.path()}).status, 1);
+}
+
+TEST_F(CommandLineTest, hotkeysAreListedInOrderWithoutSupersededOnes) {
+    const QByteArray record =
+        R"({"id":"00000000-0000-4000-8000-00000000000%1","name":"%2","targetPath":"/%2.app",)"
+        R"("targetType":"application","sortOrder":%3,"createdAt":"2026-01-01T00:00:00Z",)"
+        R"("keyCombo":{"keyCode":38,"modifiers":1}})";
+    QByteArray document = emptyDocument;
+    const auto item = [&record](const char* id, const char* name, const char* order) {
+        return QByteArray(record).replace("%1", id).replace("%2", name).replace("%3", order);
+    };
+    document.replace("[]", "[" + item("1", "Late", "7") + "," + item("2", "Early", "3") + "]");
+    const Finished finished =
+        run({QStringLiteral("hotkeys"), QStringLiteral("--config"), file("config.json", document)});
+    const QJsonArray listed =
+        QJsonDocument::fromJson(QByteArray::fromStdString(finished.out)).array();
+    std::vector<std::string> lines;
+    for (const QJsonValue& entry : listed)
+        lines.push_back(QStringLiteral("%1 %2 %3 %4")
+                            .arg(entry[u"id"].toInt())
+                            .arg(entry[u"words"].toString(), entry[u"action"].toString(),
+                                 entry[u"item"].toString())
+                            .toStdString());
+    EXPECT_THAT(lines, testing::ElementsAre("3 Cmd + J jump Late", "4 Shift + Cmd + J hide Late",
+                                            "5 Ctrl + Opt + V voice "));
+}
+
+TEST_F(CommandLineTest, withoutAnAgentTheListIsChangedInTheFile) {
+    const QString target = file("Größe.txt", {});
+    const Finished added =
+        run({QStringLiteral("add"), target, QStringLiteral("--key"), QStringLiteral("ctrl+opt+g")});
+    EXPECT_EQ(added.status, 0) << added.err;
+    EXPECT_THAT(added.out, HasSubstr("\"name\":\"Größe\""));
+    const auto refusedFor = [&](const QString& path, const char* key) {
+        const Finished refused =
+            run({QStringLiteral("add"), path, QStringLiteral("--key"), QString::fromUtf8(key)});
+        EXPECT_EQ(refused.status, 1);
+        return refused.err;
+    };
+    const QString other = file("other.txt", {});
+    EXPECT_THAT(refusedFor(target, "f5"), HasSubstr("has a shortcut already"));
+    EXPECT_THAT(refusedFor(other, "ctrl+opt+g"),
+                HasSubstr("Ctrl + Opt + G is already assigned to \"Größe\""));
+    EXPECT_THAT(refusedFor(other, "cmd+tab"), HasSubstr("is a system shortcut"));
+    EXPECT_THAT(refusedFor(home.filePath(QStringLiteral("none")), "ctrl+f5"),
+                HasSubstr("does not exist"));
+    EXPECT_EQ(run({QStringLiteral("add"), other}).status, 0);
+
+    EXPECT_EQ(run({QStringLiteral("remove"), QStringLiteral("grö")}).status, 0);
+    const Finished listed = run({QStringLiteral("list")});
+    const QJsonArray items = QJsonDocument::fromJson(QByteArray::fromStdString(listed.out)).array();
+    ASSERT_EQ(items.size(), 1);
+    EXPECT_EQ(items[0][u"name"].toString(), u"other");
+}
+
+TEST_F(CommandLineTest, verbsOfTheAgentSayThatNoneRuns) {
+    for (const char* verb : {"status", "quit", "next-window"}) {
+        const Finished finished = run({QString::fromLatin1(verb)});
+        EXPECT_EQ(finished.status, 1);
+        EXPECT_THAT(finished.err, HasSubstr("no agent runs"));
+    }
+    EXPECT_EQ(run({QStringLiteral("jump"), QStringLiteral("X")}).status, 1);
+}
+
+TEST_F(CommandLineTest, helpVersionAndDoctorNeedNoDisplay) {
+    EXPECT_THAT(run({QStringLiteral("help")}).out, HasSubstr("replay FILE"));
+    EXPECT_THAT(
+        run({QStringLiteral("help"), QStringLiteral("config"), QStringLiteral("check")}).out,
+        HasSubstr("usage: skipnest config check FILE"));
+    EXPECT_THAT(run({QStringLiteral("--version")}).out, StartsWith("skipnest 0."));
+    const Finished doctor = run({QStringLiteral("doctor"), QStringLiteral("--json")});
+    EXPECT_EQ(doctor.status, 0);
+    const QJsonArray rows = QJsonDocument::fromJson(QByteArray::fromStdString(doctor.out)).array();
+    for (const QJsonValue& row : rows) {
+        const bool works = row[u"state"].toString() == u"available";
+        EXPECT_EQ(row[u"reason"].toString().isEmpty(), works)
+            << row[u"name"].toString().toStdString();
+        EXPECT_EQ(row[u"remedy"].toString().isEmpty(), works);
+    }
+    EXPECT_GE(rows.size(), 7);
+}
+
+TEST_F(CommandLineTest, replayRunsTheWholeAgentAndNamesABadLine) {
+    const Finished finished =
+        run({QStringLiteral("replay"), QStringLiteral("-")},
+            R"({"do":"app","name":"Notes","bundle":"com.example.notes","path":"/N.app","pid":7}
+{"do":"shortcut","name":"Notes","path":"/N.app","type":"application","key":"ctrl+opt+j"}
+{"do":"refuse","key":"ctrl+opt+v","status":-9878}
+{"do":"start"}
+{"at":1,"do":"config","set":{"shiftToHide":false}}
+{"at":1.5,"do":"hotkey","key":"ctrl+opt+j"}
+)");
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_THAT(
+        finished.out,
+        testing::AllOf(
+            HasSubstr(R"({"t":0,"print":"[Skipnest] Failed to register hotkey Ctrl + Opt + V)"),
+            HasSubstr(R"({"t":1.5,"call":"openApplication","path":"/N.app"})"),
+            HasSubstr(R"("hotkeys":[{"action":"jump","id":4,"item":"Notes")")));
+    const Finished bad = run({QStringLiteral("replay"), QStringLiteral("-")},
+                             "{\"at\":2,\"do\":\"start\"}\n{\"at\":1,\"do\":\"start\"}\n");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_THAT(bad.err, HasSubstr("line 2"));
+}
+
+} // namespace
+} // namespace skipnest::cli
