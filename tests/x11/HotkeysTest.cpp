@@ -31,7 +31,34 @@ TEST_F(HotkeysTest, FireUnderEveryModifierAndLockState) {
         for (const xcb_keycode_t lock : locks)
             fingers.tap(lock);
     }
-    EXPECT_NE(display->lastInputTime(), XCB_CURRENT_TIME);
+}
+
+// Requests carry the server's time: one ahead of it would be thrown away, and one that is as old as
+// the last key press would look like a program that steals the focus.
+TEST_F(HotkeysTest, RequestsCarryTheServersTimeNow) {
+    const auto serverNow = [this] {
+        xcb_timestamp_t told = XCB_CURRENT_TIME;
+        const auto listening = display->observeEvents([&told](const xcb_generic_event_t& event) {
+            if (event.response_type == XCB_PROPERTY_NOTIFY)
+                told = reinterpret_cast<const xcb_property_notify_event_t&>(event).time;
+        });
+        xcb_change_property(display->connection(), XCB_PROP_MODE_APPEND, display->root(),
+                            XCB_ATOM_CUT_BUFFER0, XCB_ATOM_STRING, 8, 0, nullptr);
+        xcb_flush(display->connection());
+        EXPECT_TRUE(waitFor([&told] { return told != XCB_CURRENT_TIME; }));
+        return told;
+    };
+    display->addEventMask(display->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    ASSERT_TRUE(waitFor([this] { return display->requestTime() != XCB_CURRENT_TIME; }))
+        << "no time without a key press";
+    const xcb_timestamp_t first = display->requestTime();
+    bool passed = false;
+    const auto timer =
+        scheduler.after(std::chrono::milliseconds(300), "test", [&] { passed = true; });
+    ASSERT_TRUE(waitFor([&] { return passed; }));
+    const xcb_timestamp_t later = display->requestTime();
+    EXPECT_GE(later - first, 299U);
+    EXPECT_LE(later, serverNow());
 }
 
 TEST_F(HotkeysTest, NeedExactlyTheirModifiers) {

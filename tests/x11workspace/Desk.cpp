@@ -12,8 +12,7 @@ std::unique_ptr<QProcess> windowManager;
 
 } // namespace
 
-ToyWindows::ToyWindows() : connection_(xcb_connect(nullptr, nullptr)) {
-}
+ToyWindows::ToyWindows() : connection_(xcb_connect(nullptr, nullptr)) {}
 
 ToyWindows::~ToyWindows() {
     xcb_disconnect(connection_);
@@ -77,7 +76,8 @@ void Desk::SetUp() {
     ports = std::make_unique<linuxdesktop::X11ApplicationPorts>(*display, scheduler, executor);
     ASSERT_TRUE(waitFor([&] {
         return ports->workspace.availability().state == platform::Availability::State::available &&
-               ports->windows.supports("_NET_CURRENT_DESKTOP");
+               ports->windows.supports("_NET_CURRENT_DESKTOP") &&
+               display->requestTime() != XCB_CURRENT_TIME;
     }));
     ASSERT_TRUE(runTool("wmctrl -n 4"));
     ASSERT_TRUE(runTool("wmctrl -s 0"));

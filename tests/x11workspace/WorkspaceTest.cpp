@@ -38,16 +38,30 @@ TEST_F(Desk, AStartedProgramHasASessionOfItsOwnAndNotOurOutput) {
     EXPECT_NE(::getsid(process), ::getsid(0));
     EXPECT_EQ(QFile::symLinkTarget(QStringLiteral("/proc/%1/fd/1").arg(process)),
               QStringLiteral("/dev/null"));
-    QFile environment(QStringLiteral("/proc/%1/environ").arg(process));
-    ASSERT_TRUE(environment.open(QIODevice::ReadOnly));
-    const QList<QByteArray> variables = environment.readAll().split('\0');
-    EXPECT_TRUE(std::any_of(variables.begin(), variables.end(), [](const QByteArray& variable) {
-        return variable.startsWith("DESKTOP_STARTUP_ID=skipnest-") && variable.contains("_TIME");
-    }));
     QFile status(QStringLiteral("/proc/%1/stat").arg(process));
     ASSERT_TRUE(status.open(QIODevice::ReadOnly));
     const QByteArray parent = status.readAll().split(')').last().split(' ').value(2);
     EXPECT_NE(parent.toInt(), ::getpid()) << "it would stay behind as a zombie";
+}
+
+QByteArray startupIdOf(platform::ProcessIdentifier process) {
+    QFile environment(QStringLiteral("/proc/%1/environ").arg(process.value));
+    EXPECT_TRUE(environment.open(QIODevice::ReadOnly));
+    for (const QByteArray& variable : environment.readAll().split('\0')) {
+        if (variable.startsWith("DESKTOP_STARTUP_ID="))
+            return variable;
+    }
+    return {};
+}
+
+TEST_F(Desk, OnlyAProgramThatTakesAStartupIdGetsOne) {
+    ASSERT_TRUE(openAndWait("FixtureOne"));
+    const QByteArray id = startupIdOf(pid("FixtureOne"));
+    EXPECT_TRUE(id.startsWith("DESKTOP_STARTUP_ID=skipnest-")) << id.constData();
+    EXPECT_GT(id.mid(id.indexOf("_TIME") + 5).toLongLong(), 0) << "it would not get the focus";
+    // The id of a terminal would be that of all that is ever started in it.
+    ASSERT_TRUE(openAndWait("FixtureTwo"));
+    EXPECT_EQ(startupIdOf(pid("FixtureTwo")), QByteArray());
 }
 
 TEST_F(Desk, BringsBackAWindowFromAnotherDesktopAndFromItsIcon) {

@@ -18,15 +18,16 @@ void write(const QString& path, const QByteArray& text) {
         file.write(text);
 }
 
-// A home of its own with entries for terminals that differ by class alone.
+// A home of its own with entries for terminals that differ by class, and in that only FixtureOne
+// answers to startup notification.
 void furnish(const QString& home) {
     const QString applications = home + QStringLiteral("/applications/");
     QDir().mkpath(applications);
     for (const QByteArray name : {"FixtureOne", "FixtureTwo"})
         write(applications + QString::fromLatin1(name) + QStringLiteral(".desktop"),
               "[Desktop Entry]\nType=Application\nName=" + name + "\nStartupWMClass=" + name +
-                  "\nStartupNotify=true\nMimeType=text/plain;\nExec=xterm -class " + name +
-                  " -e sh -c cat sh %F\n");
+                  (name == "FixtureOne" ? "\nStartupNotify=true" : "") +
+                  "\nMimeType=text/plain;\nExec=xterm -class " + name + " -e sh -c cat sh %F\n");
     write(applications + QStringLiteral("Missing.desktop"),
           "[Desktop Entry]\nType=Application\nName=Missing\nExec=no-such-program %U\n");
     write(home + QStringLiteral("/mimeapps.list"),
