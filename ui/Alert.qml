@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 import QtQuick
 import QtQuick.Layouts
+import Skipnest
 
 FocusScope {
     id: root

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 import QtQuick
+import Skipnest
 
 // A button of an alert: pressed by pointer, Return, Enter or Space.
 Rectangle {

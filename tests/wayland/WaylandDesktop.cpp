@@ -118,6 +118,11 @@ void WaylandDesktop::setUpEnvironment() {
         qputenv(name, value.toUtf8());
         environment_.append(QString::fromLatin1(name) + u'=' + value);
     }
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS"}) {
+        if (qEnvironmentVariableIsSet(name))
+            environment_.append(
+                QStringLiteral("%1=%2").arg(QString::fromLatin1(name), qEnvironmentVariable(name)));
+    }
     for (const char* name : {"home", "run", "config", "state", "data/applications", "cache"})
         QDir().mkpath(path(QString::fromLatin1(name)));
     QFile::setPermissions(path(QStringLiteral("run")),
