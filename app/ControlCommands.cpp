@@ -130,12 +130,14 @@ ControlReply ControlCommands::status() const {
         {QStringLiteral("path"), ports.app.supportFolder + QStringLiteral("/config.json")},
         {QStringLiteral("state"), stateName(storage.kind)},
     };
-    if (storage.kind == model::StorageState::Kind::broken) {
+    if (storage.movedTo)
+        configuration.insert(QStringLiteral("movedTo"), *storage.movedTo);
+    if (storage.kind == model::StorageState::Kind::broken)
         configuration.insert(QStringLiteral("reason"), storage.reason);
+    if (storage.kind == model::StorageState::Kind::broken || storage.movedTo)
         configuration.insert(QStringLiteral("snapshot"), storage.newestSnapshot
                                                              ? QJsonValue(*storage.newestSnapshot)
                                                              : QJsonValue());
-    }
     const platform::Availability hotkeys = ports.hotkeys.availability();
     QJsonObject result{
         {QStringLiteral("pid"), qint64(ports.app.pid.value)},

@@ -35,6 +35,7 @@ void ArrivalWatch::begin(const JumpDestination& destination, const QString& name
     if (watch_)
         end(JumpArrival::Outcome::missed);
     watch_ = Watch{destination, name, pressed, std::move(completion)};
+    watch_->isRunning = runningTarget().has_value();
     armCheck();
 }
 
@@ -47,6 +48,14 @@ void ArrivalWatch::requestTaken() {
 void ArrivalWatch::abandon(const QString& reason) {
     if (watch_)
         end(JumpArrival::Outcome::missed, reason);
+}
+
+std::optional<RunningApplication> ArrivalWatch::runningTarget() const {
+    const std::vector<RunningApplication> running = workspace_.runningApplications();
+    const auto target = std::ranges::find_if(running, [this](const RunningApplication& app) {
+        return watch_->destination.isReachedBy(app);
+    });
+    return target == running.end() ? std::nullopt : std::optional(*target);
 }
 
 void ArrivalWatch::armCheck() {
@@ -67,11 +76,8 @@ void ArrivalWatch::check() {
                              .arg(watch_->name, milliseconds(giveUpAfter)));
         return end(JumpArrival::Outcome::missed);
     }
-    const std::vector<RunningApplication> running = workspace_.runningApplications();
-    const auto target = std::ranges::find_if(running, [this](const RunningApplication& app) {
-        return watch_->destination.isReachedBy(app);
-    });
-    if (target != running.end() && !watch_->triedSecondWay) {
+    const auto target = runningTarget();
+    if (target && std::exchange(watch_->isRunning, true) && !watch_->triedSecondWay) {
         watch_->triedSecondWay = true;
         (void)applications_.activate(target->pid, platform::ActivationOption::ignoringOtherApps);
     }

@@ -36,8 +36,9 @@ struct JumpArrival {
 
 // Looks whether a jump got where it was going. A window manager may refuse to hand over the focus
 // without a word: when the target runs and is not in front 150 ms after it was asked to be, the way
-// past the window manager is tried, once, and the log says which way worked. After a second the
-// jump counts as not arrived; a program that is still starting may come later by itself.
+// past the window manager is tried, once, and the log says which way worked. One that is only
+// starting gets that long from its first window on. After a second the jump counts as not arrived;
+// a program that is still starting may come later by itself.
 class ArrivalWatch {
 public:
     using Completion = std::function<void(const JumpArrival&)>;
@@ -65,9 +66,11 @@ private:
         QString name;
         platform::Instant pressed;
         Completion completion;
+        bool isRunning = false; // when last looked
         bool triedSecondWay = false;
     };
 
+    [[nodiscard]] std::optional<platform::RunningApplication> runningTarget() const;
     void activated(const platform::RunningApplication& app);
     void check();
     void armCheck();

@@ -315,7 +315,7 @@ QJsonValue withoutLoneSurrogates(const QJsonValue& value) {
         return withoutLoneSurrogates(value.toString());
     case QJsonValue::Array: {
         QJsonArray array;
-        for (const QJsonValue& element : value.toArray())
+        for (const QJsonValueConstRef element : value.toArray())
             array.append(withoutLoneSurrogates(element));
         return array;
     }

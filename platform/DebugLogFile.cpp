@@ -43,8 +43,7 @@ DebugLogFile::~DebugLogFile() {
 }
 
 void DebugLogFile::log(const QString& line) {
-    const QString stamp = clock_.nowLocal().toString(u"yyyy-MM-ddTHH:mm:ss.zzz");
-    pending_ += stamp.toLatin1() + ' ' + escapedForLog(line).toUtf8() + '\n';
+    pending_.push_back({clock_.nowUtc(), line});
     if (std::exchange(flushPosted_, true))
         return;
     scheduler_.post([this, alive = alive_] {
@@ -61,9 +60,13 @@ void DebugLogFile::print(const QString& line) {
 
 void DebugLogFile::flush() {
     flushPosted_ = false;
-    if (pending_.isEmpty())
+    if (pending_.empty())
         return;
-    const QByteArray lines = std::exchange(pending_, {});
+    const QTimeZone zone = clock_.zone();
+    QByteArray lines;
+    for (const auto& [utc, text] : std::exchange(pending_, {}))
+        lines += utc.toTimeZone(zone).toString(u"yyyy-MM-ddTHH:mm:ss.zzz").toLatin1() + ' ' +
+                 escapedForLog(text).toUtf8() + '\n';
     if (!file_.isOpen() && !open())
         return;
     if (file_.size() + lines.size() > rotateAt)

@@ -5,10 +5,11 @@
 #include "platform/Scheduler.h"
 #include "platform/WallClock.h"
 
-#include <QByteArray>
+#include <QDateTime>
 #include <QFile>
 
 #include <memory>
+#include <vector>
 
 namespace skipnest::platform {
 
@@ -16,8 +17,9 @@ namespace skipnest::platform {
 // with milliseconds, a blank, the text with control characters escaped. At 5 MB the file becomes
 // "Skipnest-debug.log.old" (one is kept) and a new one begins. 0600 in a 0700 folder.
 //
-// Lines are written when the event at hand has been dealt with, so that a key press never waits for
-// a disk. A log that cannot be written is silent: there is nobody left to tell.
+// Lines are formatted and written when the event at hand has been dealt with, so that a key press
+// waits neither for a disk nor for the time zone's files. A log that cannot be written is silent:
+// there is nobody left to tell.
 class DebugLogFile final : public Diagnostics {
 public:
     DebugLogFile(const QString& folder, Scheduler& scheduler, const WallClock& clock);
@@ -36,7 +38,11 @@ private:
     Scheduler& scheduler_;
     const WallClock& clock_;
     QFile file_;
-    QByteArray pending_;
+    struct Entry {
+        QDateTime utc;
+        QString text;
+    };
+    std::vector<Entry> pending_;
     bool flushPosted_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

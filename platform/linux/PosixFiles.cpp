@@ -100,7 +100,7 @@ Result<QByteArray> PosixFiles::read(const QString& path, std::int64_t limit) {
         return aboveLimit(path, limit);
 
     // The size is a first guess: the file may grow under us, and /proc says 0 for everything.
-    constexpr qsizetype step = 64 * 1024;
+    constexpr qsizetype step = 65'536;
     QByteArray bytes;
     qsizetype length = 0;
     bytes.resize(static_cast<qsizetype>(status.st_size) + 1);

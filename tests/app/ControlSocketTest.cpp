@@ -99,9 +99,9 @@ TEST_F(ControlSocketTest, requestsOfUpTo64KiBAreRead) {
         return QByteArray("{\"verb\":\"") + QByteArray(size - frame.size(), 'x') + "\"}";
     };
     const auto client = connected();
-    client->write(requestOf(64 * 1024) + '\n');
+    client->write(requestOf(65'536) + '\n');
     EXPECT_THAT(line(*client), HasSubstr("\"ok\":true"));
-    client->write(requestOf(64 * 1024 + 1) + '\n');
+    client->write(requestOf(65'537) + '\n');
     EXPECT_THAT(line(*client), HasSubstr("64 KiB"));
     EXPECT_TRUE(until([&] { return client->state() == QLocalSocket::UnconnectedState; }));
 

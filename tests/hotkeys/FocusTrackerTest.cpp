@@ -8,8 +8,6 @@
 namespace skipnest::hotkeys {
 namespace {
 
-using testing::ElementsAre;
-
 class FocusTrackerTest : public testing::Test {
 protected:
     FocusTrackerTest() {

@@ -229,6 +229,16 @@ TEST_F(JumpExecutionTest, refusedFocusIsTakenTheSecondWayOnceAndSaid) {
     EXPECT_EQ(arrivals.front().outcome, Outcome::arrived);
 }
 
+TEST_F(JumpExecutionTest, startingProgramIsGivenTimeToTakeTheFocusItself) {
+    install("Slow", "com.example.slow", sim::Running::no);
+    ASSERT_TRUE(desk.applications().withholdFocus(QStringLiteral("Slow")));
+    jump(shortcut("Slow", "/Applications/Slow.app"));
+    desk.advance(299ms);
+    EXPECT_EQ(desk.frontApp(), u"Chrome");
+    desk.advance(1ms); // it has been running for a whole period now
+    EXPECT_EQ(desk.frontApp(), u"Slow");
+}
+
 TEST_F(JumpExecutionTest, laterJumpEndsTheEarlierAndRefusedOpenIsSaid) {
     desk.applications().refuseOpen(
         QStringLiteral("/Applications/Notes.app"),
