@@ -26,8 +26,9 @@ struct HotkeyActions {
 //
 // A combo that the system refuses is logged and printed once and has no effect; the others go on.
 // Refused combos are tried again quietly, with the id they were given, when the backend hears that
-// another program let go and every 20 s, because X11 does not tell who holds a key nor when it is
-// freed. Ids start at 1, grow over the life of the process and never serve two registrations.
+// another program ended and every 20 s, because X11 does not tell who holds a key nor when a
+// program that goes on running frees it. Ids start at 1, grow over the life of the process and
+// never serve two registrations.
 class HotkeyManager final : public platform::HotkeyEvents {
 public:
     using Action = std::function<void()>;

@@ -13,8 +13,11 @@ using platform::HotkeyRegistration;
 using platform::HotkeyRequest;
 using platform::KeyDeliveryHold;
 
-// A program that ends takes all its windows with it, and menus come and go: one look for all.
-constexpr platform::Duration freeKeysDelay = 100ms;
+// Programs end together: one look for all. But their end may be told no sooner than a hotkey's
+// modifier goes down, and then its key follows within some tens of milliseconds.
+constexpr platform::Duration clientDeathsDelay = 5ms;
+// A program that ends takes all its windows with it, and menus come and go.
+constexpr platform::Duration windowEventsDelay = 100ms;
 // A desktop without keys is the worst that a hold can do; this ends it whatever its owner forgot.
 constexpr platform::Duration longestHold = 300ms;
 
@@ -174,10 +177,8 @@ bool X11Hotkeys::takes(const xcb_generic_event_t& event) {
         return false;
     }
     case XCB_DESTROY_NOTIFY:
-        // Heard of the root's children only while something is refused.
-        if (windowEvents_ && !freeKeysTimer_)
-            freeKeysTimer_ =
-                scheduler_.after(freeKeysDelay, "refused hotkeys", [this] { tellKeysMayBeFree(); });
+        if (windowEvents_)
+            lookForFreeKeys(windowEventsDelay);
         return false;
     default:
         return false;
@@ -258,22 +259,39 @@ void X11Hotkeys::moveGrabs() {
 }
 
 void X11Hotkeys::awaitFreeKeys() {
-    if (refused_ && !windowEvents_)
+    if (!refused_ || clientDeaths_ || windowEvents_)
+        return;
+    clientDeaths_ =
+        X11ClientDeaths::open(scheduler_, [this] { lookForFreeKeys(clientDeathsDelay); });
+    // Some servers do not record. The end of a program that has a window shows without that too.
+    if (!clientDeaths_)
         windowEvents_ = display_.holdRootEventMask(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+}
+
+void X11Hotkeys::lookForFreeKeys(platform::Duration delay) {
+    if (!freeKeysTimer_)
+        freeKeysTimer_ =
+            scheduler_.after(delay, "refused hotkeys", [this] { tellKeysMayBeFree(); });
 }
 
 void X11Hotkeys::tellKeysMayBeFree() {
     freeKeysTimer_.reset();
-    // Listening ends here and begins again with the next refusal, so that it lasts only as long as
-    // somebody still tries.
-    windowEvents_.reset();
     refused_ = false;
     moveGrabs();
     const auto alive = std::weak_ptr(alive_);
     if (events_ != nullptr)
         events_->refusedHotkeysMayBeFree();
-    if (!alive.expired())
+    if (alive.expired())
+        return;
+    // Listening lasts only as long as somebody still tries and is refused. It goes on through the
+    // attempts: a listener that was closed could be the death that a new one hears of.
+    if (refused_) {
         awaitFreeKeys();
+        return;
+    }
+    clientDeaths_.reset();
+    windowEvents_.reset();
+    freeKeysTimer_.reset();
 }
 
 KeyDeliveryHold X11Hotkeys::holdKeyDelivery() {

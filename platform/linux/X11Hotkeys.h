@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/HotkeyBackend.h"
+#include "platform/linux/X11ClientDeaths.h"
 #include "platform/linux/X11Keymap.h"
 
 #include <map>
@@ -61,6 +62,7 @@ private:
     void keyboardChanged();
     void moveGrabs();
     void awaitFreeKeys();
+    void lookForFreeKeys(platform::Duration delay);
     void tellKeysMayBeFree();
     void endHold();
 
@@ -77,6 +79,8 @@ private:
     bool handledPress_ = false;
 
     bool refused_ = false; // a combo was refused since keys last were said to be free
+    // What tells that keys may have become free: one of these, only while something is refused.
+    std::unique_ptr<X11ClientDeaths> clientDeaths_;
     platform::Observation windowEvents_;
     platform::Timer freeKeysTimer_;
     platform::Timer holdLimit_;

@@ -129,9 +129,6 @@ void XConnection::drain() {
 }
 
 TakenKey::TakenKey(const QString& display, const Chord& chord) : connection_(display) {
-    xcb_create_window(connection_.raw(), XCB_COPY_FROM_PARENT, xcb_generate_id(connection_.raw()),
-                      connection_.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
-                      XCB_COPY_FROM_PARENT, 0, nullptr);
     for (const std::uint16_t locks : lockStates)
         held_ = grab(connection_, chord, locks) && held_;
 }

@@ -56,8 +56,8 @@ private:
     QHash<QByteArray, xcb_atom_t> atoms_;
 };
 
-// Another program's hold on a chord, in every lock state, until dropped. Like nearly every program
-// it owns a window, never shown: its end is what others can notice.
+// Another program's hold on a chord, in every lock state, until dropped. Like a hotkey daemon it
+// has no window.
 class TakenKey {
 public:
     TakenKey(const QString& display, const struct Chord& chord);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/x11/InputDesk.h"
 
+#include <QDir>
 #include <QKeyEvent>
 #include <QWindow>
 
@@ -88,7 +89,8 @@ TEST_F(HotkeysTest, OneRefusedLeavesTheOthersAndIsFreedWithItsOwner) {
         EXPECT_EQ(static_cast<bool>(registration.grab), registration.status == 0);
     }
     EXPECT_THAT(statuses, ElementsAre(0, XCB_ACCESS, XCB_VALUE, 0));
-    EXPECT_EQ(fingers.grabKey(key::k, XCB_MOD_MASK_CONTROL), 0) << "a part of the refused is kept";
+    EXPECT_TRUE(waitFor([this] { return fingers.grabKey(key::k, XCB_MOD_MASK_CONTROL) == 0; }))
+        << "a part of the refused is kept";
     fingers.ungrabKeys();
     fingers.chord({key::control}, key::j);
     fingers.chord({key::control}, key::z);
@@ -96,10 +98,48 @@ TEST_F(HotkeysTest, OneRefusedLeavesTheOthersAndIsFreedWithItsOwner) {
 
     EXPECT_EQ(mayBeFree, 0);
     owner.reset();
+    fingers.tap(key::shift);
     ASSERT_TRUE(waitFor([this] { return mayBeFree == 1; }));
     const auto again = grabbed(2, kVKK, CarbonModifiers::control);
     fingers.chord({key::control}, key::k);
     EXPECT_TRUE(pressesBecome({1, 4, 2}));
+}
+
+// Hotkey daemons have no window whose end would show. The server tells of them with the next key.
+TEST_F(HotkeysTest, ClientsWithoutAWindowAreWatchedWhileOneMayHoldARefusedCombo) {
+    const auto openFiles = [] {
+        return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoFilter).size();
+    };
+    auto owner = std::make_unique<XKeyboard>(qgetenv("DISPLAY"));
+    auto bystander = std::make_unique<XKeyboard>(qgetenv("DISPLAY"));
+    auto lateBystander = std::make_unique<XKeyboard>(qgetenv("DISPLAY"));
+    ASSERT_TRUE(owner->grabUnderAllLocks(key::k, XCB_MOD_MASK_CONTROL));
+    const auto unwatched = openFiles();
+    platform::HotkeyRegistration registration;
+    onMayBeFree = [&] {
+        registration =
+            std::move(hotkeys->registerHotkeys({{{1}, kVKK, CarbonModifiers::control}}).front());
+    };
+    onMayBeFree();
+    ASSERT_EQ(registration.status, XCB_ACCESS);
+    EXPECT_EQ(openFiles(), unwatched + 1);
+
+    bystander.reset();
+    fingers.tap(key::shift);
+    ASSERT_TRUE(waitFor([this] { return mayBeFree == 1; }));
+    EXPECT_EQ(registration.status, XCB_ACCESS);
+    EXPECT_EQ(openFiles(), unwatched) << "one listener, one bystander less";
+
+    owner.reset();
+    fingers.tap(key::shift);
+    ASSERT_TRUE(waitFor([this] { return mayBeFree == 2; }));
+    EXPECT_EQ(registration.status, 0);
+    EXPECT_EQ(openFiles(), unwatched - 2) << "nothing is refused, nothing listens";
+
+    lateBystander.reset();
+    fingers.chord({key::control}, key::k);
+    EXPECT_TRUE(pressesBecome({1}));
+    EXPECT_EQ(mayBeFree, 2);
 }
 
 TEST_F(HotkeysTest, DroppingAGrabFreesItForOthersOnceNoRegistrationNeedsIt) {

@@ -30,7 +30,10 @@ protected:
 
     platform::HotkeyHandling hotkeyPressed(platform::HotkeyIdentifier id,
                                            platform::Instant time) override;
-    void refusedHotkeysMayBeFree() override { ++mayBeFree; }
+    void refusedHotkeysMayBeFree() override {
+        ++mayBeFree;
+        onMayBeFree();
+    }
 
     platform::QtScheduler scheduler;
     std::unique_ptr<linuxdesktop::X11Display> display = linuxdesktop::X11Display::open(scheduler);
@@ -42,6 +45,7 @@ protected:
     std::vector<std::uint32_t> presses;
     std::vector<platform::Instant> pressTimes;
     int mayBeFree = 0;
+    std::function<void()> onMayBeFree = [] {};
 };
 
 constexpr std::uint16_t kVKJ = 38, kVKK = 40, kVKZ = 6, kVKY = 16, kVKW = 13, kVKLeft = 123;
