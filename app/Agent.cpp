@@ -3,6 +3,7 @@
 
 #include "platform/Diagnostics.h"
 #include "platform/Files.h"
+#include "platform/HotkeyBackend.h"
 
 #include <QStringBuilder>
 
@@ -58,6 +59,7 @@ void Agent::launch(InstanceTakeover::Taken taken) {
 
 void Agent::handOver() {
     delegate_->hotkeys().unregisterAll();
+    backend_.ports().hotkeys.waitUntilReleased();
     socket_->close();
     instance_.reset();
     // A last round of the event loop sends the answer.

@@ -62,6 +62,10 @@ public:
     [[nodiscard]] virtual std::vector<HotkeyRegistration>
     registerHotkeys(const std::vector<HotkeyRequest>& requests) = 0;
 
+    // Returns when the system has carried out what it was asked: combos whose grabs were dropped are
+    // free for other processes from then on. Costs a round trip.
+    virtual void waitUntilReleased() = 0;
+
     // Holds back every key press on the desktop, in order, until dropped: what is typed while one
     // instance hands its grabs to the next reaches the next one. Never keep it longer than 300 ms.
     // Empty where the system has no such means.

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] std::int32_t installHandler(platform::HotkeyEvents* events) override;
     [[nodiscard]] std::vector<platform::HotkeyRegistration>
     registerHotkeys(const std::vector<platform::HotkeyRequest>& requests) override;
+    void waitUntilReleased() override {}
     [[nodiscard]] platform::KeyDeliveryHold holdKeyDelivery() override;
 
 private:

@@ -294,6 +294,14 @@ void X11Hotkeys::tellKeysMayBeFree() {
     freeKeysTimer_.reset();
 }
 
+void X11Hotkeys::waitUntilReleased() {
+    // The server serves connections in an order of its own: without an answer on this one, a grab
+    // asked for by another process a moment later may still be looked at first.
+    xcb_connection_t* connection = display_.connection();
+    const XcbPtr<xcb_get_input_focus_reply_t> answer(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+}
+
 KeyDeliveryHold X11Hotkeys::holdKeyDelivery() {
     xcb_connection_t* connection = display_.connection();
     // A synchronous grab freezes the keyboard: the server queues what is typed, and when the grab

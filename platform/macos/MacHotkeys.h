@@ -20,6 +20,8 @@ public:
     [[nodiscard]] std::vector<platform::HotkeyRegistration>
     registerHotkeys(const std::vector<platform::HotkeyRequest>& requests) override;
     // Empty: only an active event tap could hold keys back, and one that is late is cut off.
+    // Unregistering takes effect in the call.
+    void waitUntilReleased() override {}
     [[nodiscard]] platform::KeyDeliveryHold holdKeyDelivery() override;
 
     // Another program has ended and may have given back a combo that was refused to us.

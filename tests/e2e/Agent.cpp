@@ -83,8 +83,9 @@ bool Agent::start() {
     return eventually([this] { return answers(); });
 }
 
-ChildProcess Agent::startAnother() const {
-    return session_.start({binary(), QStringLiteral("run"), QStringLiteral("--background")});
+ChildProcess Agent::startAnother(const QStringList& options) const {
+    return session_.start(
+        QStringList{binary(), QStringLiteral("run"), QStringLiteral("--background")} + options);
 }
 
 bool Agent::answers() const {

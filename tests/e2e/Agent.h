@@ -42,7 +42,7 @@ public:
     // Writes the configuration, starts the agent and waits until it answers.
     [[nodiscard]] bool start();
     // Without the wait, and without touching the configuration.
-    [[nodiscard]] ChildProcess startAnother() const;
+    [[nodiscard]] ChildProcess startAnother(const QStringList& options = {}) const;
     [[nodiscard]] bool answers() const;
     [[nodiscard]] ChildProcess& process() { return process_; }
 

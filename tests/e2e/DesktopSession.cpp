@@ -180,10 +180,19 @@ bool DesktopSession::startWindowManager() {
     windowManager_ = ChildProcess::start({command, environment_, outputPath(command.first()), {}});
     if (!eventually([this] { return isManaged(); }))
         return false;
-    connection_->ask(connection_->root(), "_NET_NUMBER_OF_DESKTOPS", {desktops});
+    // It has finished starting when it carries out requests: openbox announces itself and then
+    // still loses what it is asked, windows to be mapped included. So it is asked until it does it.
+    return becomes("_NET_NUMBER_OF_DESKTOPS", desktops) && becomes("_NET_CURRENT_DESKTOP", 1) &&
+           becomes("_NET_CURRENT_DESKTOP", 0);
+}
+
+bool DesktopSession::becomes(const char* property, std::uint32_t wanted) {
     return eventually([&] {
-        const auto count = connection_->numbers(connection_->root(), "_NET_NUMBER_OF_DESKTOPS");
-        return !count.empty() && count.front() == desktops;
+        const auto now = connection_->numbers(connection_->root(), property);
+        if (!now.empty() && now.front() == wanted)
+            return true;
+        connection_->ask(connection_->root(), property, {wanted});
+        return false;
     });
 }
 

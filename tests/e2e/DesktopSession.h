@@ -63,6 +63,8 @@ private:
     [[nodiscard]] bool startDisplay();
     [[nodiscard]] bool startBus();
     [[nodiscard]] bool startWindowManager();
+    // A property of the root that the window manager is asked to set.
+    [[nodiscard]] bool becomes(const char* property, std::uint32_t wanted);
     [[nodiscard]] bool isManaged();
     void makeFolders();
 

@@ -81,6 +81,33 @@ TEST_F(FaultsTest, ASecondStartTakesOverAndLosesNoKey) {
     expectBothJumps();
 }
 
+TEST_F(FaultsTest, AnInstanceThatHangsIsEndedByTheNext) {
+    ASSERT_NO_FATAL_FAILURE(startAgent());
+    agent->process().send(SIGSTOP);
+    ChildProcess second = agent->startAnother();
+    EXPECT_TRUE(agent->process().ends(5s)); // asked first, ended by force after two seconds
+    EXPECT_TRUE(eventually([&] { return agent->answers(); }));
+    EXPECT_TRUE(second.running());
+    expectBothJumps();
+}
+
+TEST_F(FaultsTest, ARecordingOfARealSessionReplays) {
+    agent->writeConfiguration();
+    const QString trace = session->home() + QStringLiteral("/trace.jsonl");
+    ChildProcess recording = agent->startAnother({QStringLiteral("--record"), trace});
+    ASSERT_TRUE(eventually([&] { return agent->answers(); }));
+    expectBothJumps();
+    keyboard().tap(u"s"); // into the terminal in front, which must not end up in the trace
+    ASSERT_EQ(agent->command({QStringLiteral("quit")}).exitCode, 0);
+    ASSERT_TRUE(recording.ends(patience));
+
+    QFile file(trace);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count("\"do\":\"hotkey\""), 2);
+    const Answer replayed = agent->command({QStringLiteral("replay"), trace});
+    EXPECT_EQ(replayed.exitCode, 0) << replayed.errors.toStdString();
+}
+
 TEST_F(FaultsTest, OfTwentyStartedAtOnceOneStays) {
     agent->writeConfiguration();
     std::vector<ChildProcess> instances;
