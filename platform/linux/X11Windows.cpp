@@ -19,6 +19,11 @@ constexpr std::size_t focusOrderLimit = 1024;
 
 constexpr std::uint32_t iconicState = 3;
 
+using namespace std::chrono_literals;
+
+// "No window" that lasts longer than this is no focus on its way but the desktop itself.
+constexpr platform::Duration focusMovesWithin = 150ms;
+
 std::vector<std::uint32_t> numbers(const xcb_get_property_reply_t& reply) {
     if (reply.format != 32)
         return {};
@@ -309,7 +314,17 @@ void X11Windows::setManager(xcb_window_t manager) {
         settleLater();
 }
 
+xcb_window_t X11Windows::active() const {
+    const bool isMoving = active_ == XCB_WINDOW_NONE && lastActive_ != XCB_WINDOW_NONE &&
+                          scheduler_.now() - activeLostAt_ < focusMovesWithin;
+    return isMoving ? lastActive_ : active_;
+}
+
 void X11Windows::setActive(xcb_window_t active) {
+    if (active == XCB_WINDOW_NONE && active_ != XCB_WINDOW_NONE) {
+        lastActive_ = active_;
+        activeLostAt_ = scheduler_.now();
+    }
     active_ = active;
     if (active == XCB_WINDOW_NONE)
         return;

@@ -55,7 +55,9 @@ public:
     [[nodiscard]] const X11Window* find(xcb_window_t window) const;
     // Windows of applications, bottom to top.
     [[nodiscard]] const std::vector<xcb_window_t>& stacking() const { return stacking_; }
-    [[nodiscard]] xcb_window_t active() const { return active_; }
+    // A window manager that moves the focus announces "no window" in between. For that moment the
+    // window that had it still counts, so that a key pressed then finds an application in front.
+    [[nodiscard]] xcb_window_t active() const;
     [[nodiscard]] std::uint32_t currentDesktop() const { return currentDesktop_; }
     [[nodiscard]] bool hasWindowManager() const { return manager_ != XCB_WINDOW_NONE; }
     [[nodiscard]] bool supports(const char* atom) const;
@@ -122,6 +124,8 @@ private:
     std::unordered_set<xcb_atom_t> supported_;
     xcb_window_t manager_ = XCB_WINDOW_NONE;
     xcb_window_t active_ = XCB_WINDOW_NONE;
+    xcb_window_t lastActive_ = XCB_WINDOW_NONE;
+    platform::Instant activeLostAt_;
     std::uint32_t currentDesktop_ = 0;
     std::uint32_t requestedDesktop_ = X11Window::allDesktops;
     std::uint64_t generation_ = 1;
