@@ -43,8 +43,7 @@ template <typename T> void setIfGiven(T& value, const std::optional<T>& given) {
 TracePlayer::TracePlayer(sim::SimDesktop& desk, TraceAgent& agent, WriteLine writeLine)
     : desk_(desk), agent_(agent), writeLine_(std::move(writeLine)),
       journal_(
-          desk.journal().observe([this](const sim::JournalEntry& entry) { writeEntry(entry); })) {
-}
+          desk.journal().observe([this](const sim::JournalEntry& entry) { writeEntry(entry); })) {}
 
 void TracePlayer::write(Instant time, const QJsonObject& rest) {
     const QByteArray fields = QJsonDocument(rest).toJson(QJsonDocument::Compact);

@@ -62,8 +62,8 @@ public:
     [[nodiscard]] virtual std::vector<HotkeyRegistration>
     registerHotkeys(const std::vector<HotkeyRequest>& requests) = 0;
 
-    // Returns when the system has carried out what it was asked: combos whose grabs were dropped are
-    // free for other processes from then on. Costs a round trip.
+    // Returns when the system has carried out what it was asked: combos whose grabs were dropped
+    // are free for other processes from then on. Costs a round trip.
     virtual void waitUntilReleased() = 0;
 
     // Holds back every key press on the desktop, in order, until dropped: what is typed while one

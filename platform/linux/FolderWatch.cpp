@@ -21,8 +21,7 @@ constexpr std::uint32_t arrivalMask = IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF |
 
 } // namespace
 
-FolderWatch::FolderWatch(std::function<void()> changed) : changed_(std::move(changed)) {
-}
+FolderWatch::FolderWatch(std::function<void()> changed) : changed_(std::move(changed)) {}
 
 FolderWatch::~FolderWatch() {
     notifier_.reset();

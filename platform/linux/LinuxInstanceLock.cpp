@@ -123,8 +123,7 @@ InstanceToken tokenFor(FileDescriptor file) {
 } // namespace
 
 LinuxInstanceLock::LinuxInstanceLock(QString runtimeFolder, std::chrono::milliseconds startWait)
-    : folder_(std::move(runtimeFolder)), startWait_(startWait) {
-}
+    : folder_(std::move(runtimeFolder)), startWait_(startWait) {}
 
 Result<FileDescriptor> LinuxInstanceLock::openLockFile(const QString& name) const {
     if (const Outcome created = PosixFiles().createFolder(folder_); !created)

@@ -90,8 +90,7 @@ void WaylandActivation::Request::tokenDone(void* data, xdg_activation_token_v1*,
 }
 
 WaylandActivation::WaylandActivation(QString socketPath, platform::Scheduler& scheduler)
-    : socketPath_(std::move(socketPath)), scheduler_(scheduler) {
-}
+    : socketPath_(std::move(socketPath)), scheduler_(scheduler) {}
 
 WaylandActivation::~WaylandActivation() = default;
 

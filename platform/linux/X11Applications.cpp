@@ -8,8 +8,7 @@
 namespace skipnest::linuxdesktop {
 
 X11Applications::X11Applications(X11Windows& windows, DesktopEntries& entries)
-    : windows_(windows), entries_(entries) {
-}
+    : windows_(windows), entries_(entries) {}
 
 void X11Applications::update() {
     windows_.settle();

@@ -43,8 +43,7 @@ X11KeyboardLayout::X11KeyboardLayout(X11Keymap& keymap)
               return;
           symbols_ = keymap_.current().symbols;
           observers_.notify();
-      })) {
-}
+      })) {}
 
 std::optional<QString> X11KeyboardLayout::character(std::uint16_t keyCode) const {
     if (keyCode >= keyCodeLimit)

@@ -16,8 +16,7 @@ constexpr int noSuchObject = -1719;
 
 X11ScriptRunner::X11ScriptRunner(X11Windows& windows, X11Applications& applications,
                                  X11WindowCommands& commands)
-    : windows_(windows), applications_(applications), commands_(commands) {
-}
+    : windows_(windows), applications_(applications), commands_(commands) {}
 
 platform::Availability X11ScriptRunner::availability() const {
     windows_.settle();

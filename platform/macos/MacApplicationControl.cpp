@@ -48,8 +48,7 @@ Activation activation(platform::ActivationOption option) {
 
 } // namespace
 
-MacApplicationControl::MacApplicationControl(ApplicationBridge& bridge) : bridge_(bridge) {
-}
+MacApplicationControl::MacApplicationControl(ApplicationBridge& bridge) : bridge_(bridge) {}
 
 ApplicationState MacApplicationControl::state(ProcessIdentifier pid) const {
     const auto found = valid(pid) ? bridge_.state(pid.value) : std::nullopt;

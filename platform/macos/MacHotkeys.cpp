@@ -14,8 +14,7 @@ constexpr std::int32_t registeredWithoutReference = -9868;
 } // namespace
 
 MacHotkeys::MacHotkeys(HotkeyBridge& bridge, platform::Scheduler& scheduler)
-    : bridge_(bridge), scheduler_(scheduler) {
-}
+    : bridge_(bridge), scheduler_(scheduler) {}
 
 MacHotkeys::~MacHotkeys() {
     if (installed_)

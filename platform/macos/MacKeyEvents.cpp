@@ -29,8 +29,7 @@ QString postRefused() {
 } // namespace
 
 MacKeyEvents::MacKeyEvents(KeyboardEventBridge& bridge, platform::Scheduler& scheduler)
-    : bridge_(bridge), scheduler_(scheduler) {
-}
+    : bridge_(bridge), scheduler_(scheduler) {}
 
 Availability MacKeyEvents::availability() const {
     const bool listens = bridge_.mayListen();

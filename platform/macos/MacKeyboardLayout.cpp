@@ -6,8 +6,7 @@
 namespace skipnest::macos {
 
 MacKeyboardLayout::MacKeyboardLayout(KeyboardLayoutBridge& bridge, platform::Scheduler& scheduler)
-    : bridge_(bridge), scheduler_(scheduler) {
-}
+    : bridge_(bridge), scheduler_(scheduler) {}
 
 std::optional<QString> MacKeyboardLayout::character(std::uint16_t keyCode) const {
     const QString text = QString::fromStdU16String(bridge_.translate(keyCode));

@@ -73,8 +73,7 @@ Outcome outcome(const OpenAnswer& answer, const QString& path) {
 } // namespace
 
 MacWorkspace::MacWorkspace(WorkspaceBridge& bridge, platform::Scheduler& scheduler)
-    : bridge_(bridge), scheduler_(scheduler) {
-}
+    : bridge_(bridge), scheduler_(scheduler) {}
 
 platform::Availability MacWorkspace::availability() const {
     return {};
@@ -123,8 +122,7 @@ std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
     return application(*record);
 }
 
-void MacWorkspace::setNextActivationToken(const QString&) {
-}
+void MacWorkspace::setNextActivationToken(const QString&) {}
 
 void MacWorkspace::openApplication(const QString& path, OpenCompletion completion) {
     if (!usable(path))

@@ -39,8 +39,7 @@ Availability notWritten(const QString& subject) {
 
 UnavailableAlerts::UnavailableAlerts(platform::Scheduler& scheduler,
                                      platform::Diagnostics& diagnostics)
-    : scheduler_(scheduler), diagnostics_(diagnostics) {
-}
+    : scheduler_(scheduler), diagnostics_(diagnostics) {}
 
 void UnavailableAlerts::show(const platform::Alert& alert, std::function<void(int)> answered) {
     diagnostics_.log(

@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 using platform::Alert;
 
 SimAlerts::SimAlerts(platform::Scheduler& scheduler, Journal& journal)
-    : scheduler_(scheduler), journal_(journal) {
-}
+    : scheduler_(scheduler), journal_(journal) {}
 
 SimAlerts::~SimAlerts() {
     *alive_ = false;

@@ -34,8 +34,7 @@ struct SimHotkeys::State {
 };
 
 SimHotkeys::SimHotkeys(platform::Scheduler& scheduler)
-    : scheduler_(scheduler), state_(std::make_shared<State>()) {
-}
+    : scheduler_(scheduler), state_(std::make_shared<State>()) {}
 
 SimHotkeys::~SimHotkeys() {
     state_->events = nullptr;

@@ -12,8 +12,7 @@ using platform::ScriptError;
 using platform::ScriptText;
 
 SimScripts::SimScripts(VirtualScheduler& scheduler, Journal& journal, SimApplications& apps)
-    : scheduler_(scheduler), journal_(journal), apps_(apps) {
-}
+    : scheduler_(scheduler), journal_(journal), apps_(apps) {}
 
 void SimScripts::setAnswer(const QString& receiver, const ScriptAnswer& answer) {
     answers_.insert_or_assign(receiver, answer);

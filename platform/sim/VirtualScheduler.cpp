@@ -59,8 +59,7 @@ struct VirtualScheduler::State {
     std::optional<QString> fault;
 };
 
-VirtualScheduler::VirtualScheduler() : state_(std::make_shared<State>()) {
-}
+VirtualScheduler::VirtualScheduler() : state_(std::make_shared<State>()) {}
 
 VirtualScheduler::~VirtualScheduler() = default;
 

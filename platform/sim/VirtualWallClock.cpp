@@ -4,8 +4,7 @@
 namespace skipnest::sim {
 
 VirtualWallClock::VirtualWallClock(const platform::Scheduler& scheduler)
-    : scheduler_(scheduler), utc_(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC) {
-}
+    : scheduler_(scheduler), utc_(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC) {}
 
 QDateTime VirtualWallClock::nowUtc() const {
     const auto passed =

@@ -64,8 +64,7 @@ std::unique_ptr<XServer> XServer::start() {
 }
 
 XServer::XServer(pid_t process, QByteArray display)
-    : process_(process), display_(std::move(display)) {
-}
+    : process_(process), display_(std::move(display)) {}
 
 XServer::~XServer() {
     stop();
