@@ -62,6 +62,9 @@ void TracePlayer::writeEntry(const sim::JournalEntry& entry) {
     case sim::JournalEntry::Kind::call:
         fields[u"call"_s] = entry.text;
         break;
+    case sim::JournalEntry::Kind::panel:
+        fields[u"panel"_s] = entry.text;
+        break;
     }
     write(entry.time, fields);
 }

@@ -5,6 +5,7 @@
 #include "cli/CommandLine.h"
 #include "cli/TraceRecorder.h"
 #include "platform/Diagnostics.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/linux/LinuxAppInfo.h"
 #include "platform/linux/LinuxBackend.h"
 #include "platform/linux/SessionKind.h"
@@ -101,7 +102,8 @@ int runAgent(int argc, char** argv, const AgentOptions& options) {
         return ui::palette(launched != nullptr ? launched->viewModel().theme()
                                                : model::Theme::brand);
     });
-    const auto backend = linuxdesktop::makeLinuxBackend(application.session(), alerts);
+    platform::UnavailablePanels panels;
+    const auto backend = linuxdesktop::makeLinuxBackend(application.session(), alerts, panels);
     std::unique_ptr<cli::TraceRecorder> recorder;
     app::Agent agent(*backend, {
                                    .quit = [](int status) { QCoreApplication::exit(status); },
@@ -130,12 +132,13 @@ int runSubcommandOfAgent(int argc, char** argv, const QStringList& words) {
         core = std::make_unique<QCoreApplication>(argc, argv);
     nameApplication(app);
     ui::QuickAlerts alerts([]() -> const ui::Palette& { return ui::palette(model::Theme::brand); });
+    platform::UnavailablePanels panels;
     std::unique_ptr<platform::Backend> backend;
     const cli::Context context{
         .backend = [&]() -> const platform::Backend& {
             if (!backend)
                 backend = linuxdesktop::makeLinuxBackend(gui ? gui->session() : SessionKind::none,
-                                                         alerts);
+                                                         alerts, panels);
             return *backend;
         },
         .runtimeFolder = app.runtimeFolder,

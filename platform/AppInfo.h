@@ -19,7 +19,10 @@ struct AppInfo {
     QString supportFolder; // config.json, defaults.json, Backups, stats.json
     QString logFolder;     // Skipnest-debug.log
     QString runtimeFolder; // control socket, instance lock; user-only
-    QString liteConfig;    // the lighter edition's document; empty where there is none
+    // Where programs are put by hand to be installed; empty where the system has no such place, and
+    // then it does not matter where this one lies.
+    QString applicationsFolder;
+    QString liteConfig; // the lighter edition's document; empty where there is none
 };
 
 } // namespace skipnest::platform

@@ -8,16 +8,27 @@ namespace skipnest::platform {
 class Alerts;
 class ApplicationControl;
 class Bookmarks;
+class DesktopShortcuts;
 class Diagnostics;
+class DistributedNotifications;
 class Executor;
+class FileIndex;
 class Files;
 class HotkeyBackend;
+class IconSource;
 class InstanceLock;
+class KeyboardCapture;
 class KeyboardLayout;
 class KeyEvents;
+class LoginItem;
+class PanelHost;
 class PeerCredentials;
+class ProcessLauncher;
 class Scheduler;
+class Screens;
 class ScriptRunner;
+class ServicesMenu;
+class StatusItem;
 class UserDefaults;
 class WallClock;
 class Workspace;
@@ -42,6 +53,17 @@ struct Ports {
     Alerts& alerts;
     InstanceLock& instances;
     PeerCredentials& peers;
+    KeyboardCapture& keyboardCapture;
+    DesktopShortcuts& desktopShortcuts;
+    FileIndex& fileIndex;
+    IconSource& icons;
+    StatusItem& statusItem;
+    Screens& screens;
+    PanelHost& panels;
+    LoginItem& loginItem;
+    ServicesMenu& servicesMenu;
+    ProcessLauncher& processes;
+    DistributedNotifications& distributedNotifications;
 };
 
 } // namespace skipnest::platform

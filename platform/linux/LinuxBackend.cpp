@@ -6,6 +6,7 @@
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/HeadlessPorts.h"
@@ -41,19 +42,29 @@ struct Services {
     LinuxBookmarks bookmarks;
     LinuxInstanceLock instances;
     SocketPeer peers;
+    platform::UnavailableKeyboardCapture keyboardCapture{{}};
+    platform::UnavailableDesktopShortcuts desktopShortcuts{scheduler, {}};
+    platform::UnavailableFileIndex fileIndex{scheduler, {}};
+    platform::UnavailableIconSource icons;
+    platform::UnavailableStatusItem statusItem{{}};
+    platform::UnavailableScreens screens;
+    platform::UnavailableLoginItem loginItem{{}};
+    platform::UnavailableServicesMenu servicesMenu{{}};
+    platform::UnavailableProcessLauncher processes{{}};
+    platform::UnavailableNotifications distributedNotifications{{}};
 };
 
 class X11Backend final : public platform::Backend {
 public:
     // Null where Qt is not connected to an X server.
-    static std::unique_ptr<platform::Backend> open(const platform::AppInfo& app,
-                                                   platform::Alerts& alerts) {
+    static std::unique_ptr<platform::Backend>
+    open(const platform::AppInfo& app, platform::Alerts& alerts, platform::PanelHost& panels) {
         auto services = std::make_unique<Services>(app);
         auto display = X11Display::open(services->scheduler);
         if (!display)
             return nullptr;
         return std::unique_ptr<platform::Backend>(
-            new X11Backend(app, std::move(services), std::move(display), alerts));
+            new X11Backend(app, std::move(services), std::move(display), alerts, panels));
     }
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
@@ -64,7 +75,8 @@ public:
 
 private:
     X11Backend(const platform::AppInfo& app, std::unique_ptr<Services> services,
-               std::unique_ptr<X11Display> display, platform::Alerts& alerts)
+               std::unique_ptr<X11Display> display, platform::Alerts& alerts,
+               platform::PanelHost& panels)
         : services_(std::move(services)), display_(std::move(display)),
           keymap_(*display_, services_->scheduler),
           hotkeys_(*display_, keymap_, services_->scheduler), layout_(keymap_),
@@ -86,7 +98,18 @@ private:
                  services_->defaults,
                  alerts,
                  services_->instances,
-                 services_->peers} {}
+                 services_->peers,
+                 services_->keyboardCapture,
+                 services_->desktopShortcuts,
+                 services_->fileIndex,
+                 services_->icons,
+                 services_->statusItem,
+                 services_->screens,
+                 panels,
+                 services_->loginItem,
+                 services_->servicesMenu,
+                 services_->processes,
+                 services_->distributedNotifications} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -100,7 +123,8 @@ private:
 
 class HeadlessBackend final : public platform::Backend {
 public:
-    HeadlessBackend(const platform::AppInfo& app, SessionKind session, platform::Alerts& alerts)
+    HeadlessBackend(const platform::AppInfo& app, SessionKind session, platform::Alerts& alerts,
+                    platform::PanelHost& panels)
         : services_(app), session_(session), entries_(services_.scheduler, services_.executor),
           hotkeys_(session), keyEvents_(session),
           workspace_(session, waylandSocketPath(QProcessEnvironment::systemEnvironment()), entries_,
@@ -121,7 +145,18 @@ public:
                                     services_.defaults,
                                     alerts,
                                     services_.instances,
-                                    services_.peers} {}
+                                    services_.peers,
+                                    services_.keyboardCapture,
+                                    services_.desktopShortcuts,
+                                    services_.fileIndex,
+                                    services_.icons,
+                                    services_.statusItem,
+                                    services_.screens,
+                                    panels,
+                                    services_.loginItem,
+                                    services_.servicesMenu,
+                                    services_.processes,
+                                    services_.distributedNotifications} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {
@@ -147,14 +182,15 @@ private:
 
 } // namespace
 
-std::unique_ptr<platform::Backend> makeLinuxBackend(SessionKind session, platform::Alerts& alerts) {
+std::unique_ptr<platform::Backend> makeLinuxBackend(SessionKind session, platform::Alerts& alerts,
+                                                    platform::PanelHost& panels) {
     const platform::AppInfo app = linuxAppInfo(QProcessEnvironment::systemEnvironment());
     if (session == SessionKind::x11) {
-        if (auto backend = X11Backend::open(app, alerts))
+        if (auto backend = X11Backend::open(app, alerts, panels))
             return backend;
         session = SessionKind::none;
     }
-    return std::make_unique<HeadlessBackend>(app, session, alerts);
+    return std::make_unique<HeadlessBackend>(app, session, alerts, panels);
 }
 
 } // namespace skipnest::linuxdesktop

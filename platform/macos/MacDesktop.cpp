@@ -19,6 +19,7 @@ platform::AppInfo appInfo(const BundleRecord& bundle) {
                 QString::fromStdString(bundle.applicationSupport) + QStringLiteral("/Skipnest"),
             .logFolder = home + QStringLiteral("/Library/Logs"),
             .runtimeFolder = QString::fromStdString(bundle.temporary) + QStringLiteral("/Skipnest"),
+            .applicationsFolder = QStringLiteral("/Applications"),
             .liteConfig = home + liteDocument};
 }
 
@@ -28,7 +29,15 @@ MacDesktop::MacDesktop(SystemBridges bridges)
       keyEvents_(*bridges_.keyboard, scheduler_), keyboardLayout_(*bridges_.layout, scheduler_),
       workspace_(*bridges_.workspace, scheduler_), applications_(*bridges_.applications),
       defaults_(files_, app_.supportFolder + QStringLiteral("/defaults.json")),
-      alerts_(scheduler_, diagnostics_) {
+      alerts_(scheduler_, diagnostics_),
+      keyboardCapture_(notWritten(QStringLiteral("Recording a combo"))),
+      desktopShortcuts_(scheduler_, notWritten(QStringLiteral("Reading the system's shortcuts"))),
+      fileIndex_(scheduler_, notWritten(QStringLiteral("Searching for targets"))),
+      statusItem_(notWritten(QStringLiteral("The menu-bar icon"))),
+      loginItem_(notWritten(QStringLiteral("Launch at login"))),
+      servicesMenu_(notWritten(QStringLiteral("The Services menu"))),
+      processes_(notWritten(QStringLiteral("Moving the program"))),
+      distributedNotifications_(notWritten(QStringLiteral("Debug hooks"))) {
     bridges_.workspace->observeTerminations([this] { hotkeys_.otherProgramEnded(); });
 }
 
@@ -49,7 +58,18 @@ platform::Ports MacDesktop::ports() {
             .defaults = defaults_,
             .alerts = alerts_,
             .instances = instances_,
-            .peers = peers_};
+            .peers = peers_,
+            .keyboardCapture = keyboardCapture_,
+            .desktopShortcuts = desktopShortcuts_,
+            .fileIndex = fileIndex_,
+            .icons = icons_,
+            .statusItem = statusItem_,
+            .screens = screens_,
+            .panels = panels_,
+            .loginItem = loginItem_,
+            .servicesMenu = servicesMenu_,
+            .processes = processes_,
+            .distributedNotifications = distributedNotifications_};
 }
 
 } // namespace skipnest::macos

@@ -7,6 +7,7 @@
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/macos/MacApplicationControl.h"
 #include "platform/macos/MacHotkeys.h"
 #include "platform/macos/MacKeyEvents.h"
@@ -50,6 +51,17 @@ private:
     UnavailableAlerts alerts_;
     UnavailableInstanceLock instances_;
     UnavailablePeerCredentials peers_;
+    platform::UnavailableKeyboardCapture keyboardCapture_;
+    platform::UnavailableDesktopShortcuts desktopShortcuts_;
+    platform::UnavailableFileIndex fileIndex_;
+    platform::UnavailableIconSource icons_;
+    platform::UnavailableStatusItem statusItem_;
+    platform::UnavailableScreens screens_;
+    platform::UnavailablePanels panels_;
+    platform::UnavailableLoginItem loginItem_;
+    platform::UnavailableServicesMenu servicesMenu_;
+    platform::UnavailableProcessLauncher processes_;
+    platform::UnavailableNotifications distributedNotifications_;
 };
 
 } // namespace skipnest::macos

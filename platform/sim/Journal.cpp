@@ -37,6 +37,10 @@ void Journal::call(const QString& name, const QJsonObject& fields) {
     add(JournalEntry::Kind::call, name, fields);
 }
 
+void Journal::panel(const QString& name, const QJsonObject& fields) {
+    add(JournalEntry::Kind::panel, name, fields);
+}
+
 void Journal::add(JournalEntry::Kind kind, const QString& text, const QJsonObject& fields) {
     const JournalEntry entry{scheduler_.now(), kind, text, fields};
     entries_.push_back(entry);
@@ -57,6 +61,10 @@ std::vector<std::string> Journal::lines(JournalEntry::Kind kind) const {
 
 std::vector<std::string> Journal::calls() const {
     return lines(JournalEntry::Kind::call);
+}
+
+std::vector<std::string> Journal::panels() const {
+    return lines(JournalEntry::Kind::panel);
 }
 
 std::vector<std::string> Journal::logLines() const {

@@ -17,11 +17,11 @@ namespace skipnest::sim {
 // One thing that came out of the program: a debug-log line, a line on standard output, or a call,
 // an effect on the desktop with its name and fields.
 struct JournalEntry {
-    enum class Kind { log, print, call };
+    enum class Kind { log, print, call, panel };
 
     platform::Instant time;
     Kind kind = Kind::call;
-    QString text; // the line, or the call's name
+    QString text; // the line, or the name of the call or the panel
     QJsonObject fields;
 
     bool operator==(const JournalEntry&) const = default;
@@ -36,12 +36,15 @@ public:
     void log(const QString& line) override;
     void print(const QString& line) override;
     void call(const QString& name, const QJsonObject& fields = {});
+    // A panel opened, changed or closed; `fields` hold its "state" and what it shows.
+    void panel(const QString& name, const QJsonObject& fields);
 
     [[nodiscard]] const std::vector<JournalEntry>& entries() const { return entries_; }
     // "activate app=Notes options=allWindows", fields by name, for each call; in timedCalls() after
     // the time in seconds: "0.72 hide app=Notes".
     [[nodiscard]] std::vector<std::string> calls() const;
     [[nodiscard]] std::vector<std::string> timedCalls() const;
+    [[nodiscard]] std::vector<std::string> panels() const; // "popover state=list"
     [[nodiscard]] std::vector<std::string> logLines() const;
     [[nodiscard]] std::vector<std::string> prints() const;
     // Forgets what happened so far; a test's first act is often only the way to its second.

@@ -30,6 +30,7 @@ AppInfo stageInfo() {
         .supportFolder = home + u"/Library/Application Support/Skipnest"_s,
         .logFolder = home + u"/Library/Logs"_s,
         .runtimeFolder = home + u"/Library/Caches/Skipnest"_s,
+        .applicationsFolder = u"/Applications"_s,
         .liteConfig = home + u"/Library/Containers/com.skipnest.app/Data/Library/Application "
                              u"Support/Skipnest/config.json"_s,
     };
@@ -67,8 +68,10 @@ SimDesktop::SimDesktop()
           scheduler_, journal_, files_,
           {stageInfo().pid, stageInfo().bundleIdentifier, stageInfo().bundlePath, u"Skipnest"_s}),
       hotkeys_(scheduler_), keyEvents_(journal_), scripts_(scheduler_, journal_, applications_),
-      bookmarks_(files_), alerts_(scheduler_, journal_),
-      instances_(journal_), ports_{.app = stageInfo(),
+      bookmarks_(files_), alerts_(scheduler_, journal_), instances_(journal_),
+      keyboardCapture_(scheduler_), desktopShortcuts_(scheduler_), fileIndex_(scheduler_),
+      panels_(journal_), loginItem_(journal_),
+      processes_(journal_), ports_{.app = stageInfo(),
                                    .scheduler = scheduler_,
                                    .executor = executor_,
                                    .wallClock = wallClock_,
@@ -84,7 +87,18 @@ SimDesktop::SimDesktop()
                                    .defaults = defaults_,
                                    .alerts = alerts_,
                                    .instances = instances_,
-                                   .peers = instances_} {
+                                   .peers = instances_,
+                                   .keyboardCapture = keyboardCapture_,
+                                   .desktopShortcuts = desktopShortcuts_,
+                                   .fileIndex = fileIndex_,
+                                   .icons = icons_,
+                                   .statusItem = statusItem_,
+                                   .screens = screens_,
+                                   .panels = panels_,
+                                   .loginItem = loginItem_,
+                                   .servicesMenu = servicesMenu_,
+                                   .processes = processes_,
+                                   .distributedNotifications = distributedNotifications_} {
     for (const QString& folder :
          {u"Downloads"_s, u"Documents"_s, u"Desktop"_s, u"Pictures"_s, u"Movies"_s, u"Music"_s})
         (void)files_.createFolder(ports_.app.home + u'/' + folder);

@@ -9,10 +9,13 @@
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimApplications.h"
 #include "platform/sim/SimBookmarks.h"
+#include "platform/sim/SimFileIndex.h"
 #include "platform/sim/SimHotkeys.h"
 #include "platform/sim/SimInstances.h"
 #include "platform/sim/SimKeyEvents.h"
+#include "platform/sim/SimKeyboardCapture.h"
 #include "platform/sim/SimScripts.h"
+#include "platform/sim/SimShell.h"
 #include "platform/sim/VirtualExecutor.h"
 #include "platform/sim/VirtualScheduler.h"
 #include "platform/sim/VirtualWallClock.h"
@@ -97,6 +100,8 @@ public:
     // See SimAlerts.
     void pressAlertButton(const QString& button);
 
+    // The program as it would be when started from another place.
+    void setBundlePath(const QString& path) { ports_.app.bundlePath = path; }
     void setTrust(const Trust& trust);
     [[nodiscard]] const Trust& trust() const { return trust_; }
     void setLocale(const Locale& locale) { locale_ = locale; }
@@ -114,6 +119,17 @@ public:
     [[nodiscard]] SimBookmarks& bookmarks() { return bookmarks_; }
     [[nodiscard]] SimAlerts& alerts() { return alerts_; }
     [[nodiscard]] SimInstances& instances() { return instances_; }
+    [[nodiscard]] SimKeyboardCapture& keyboardCapture() { return keyboardCapture_; }
+    [[nodiscard]] SimDesktopShortcuts& desktopShortcuts() { return desktopShortcuts_; }
+    [[nodiscard]] SimFileIndex& fileIndex() { return fileIndex_; }
+    [[nodiscard]] SimStatusItem& statusItem() { return statusItem_; }
+    [[nodiscard]] SimScreens& screens() { return screens_; }
+    [[nodiscard]] SimPanels& panels() { return panels_; }
+    [[nodiscard]] SimLoginItem& loginItem() { return loginItem_; }
+    [[nodiscard]] SimServicesMenu& servicesMenu() { return servicesMenu_; }
+    [[nodiscard]] SimDistributedNotifications& distributedNotifications() {
+        return distributedNotifications_;
+    }
     [[nodiscard]] const platform::AppInfo& appInfo() const { return ports_.app; }
 
 private:
@@ -131,6 +147,17 @@ private:
     SimBookmarks bookmarks_;
     SimAlerts alerts_;
     SimInstances instances_;
+    SimKeyboardCapture keyboardCapture_;
+    SimDesktopShortcuts desktopShortcuts_;
+    SimFileIndex fileIndex_;
+    SimIcons icons_;
+    SimStatusItem statusItem_;
+    SimScreens screens_;
+    SimPanels panels_;
+    SimLoginItem loginItem_;
+    SimServicesMenu servicesMenu_;
+    SimProcessLauncher processes_;
+    SimDistributedNotifications distributedNotifications_;
     platform::Ports ports_;
     Trust trust_;
     Locale locale_;

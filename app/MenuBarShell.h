@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/ShortcutListViewModel.h"
+#include "platform/NotificationCenter.h"
+#include "platform/PanelHost.h"
+#include "platform/Ports.h"
+#include "platform/StatusItem.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace skipnest::app {
+
+// The status item, the popover below it, and onboarding: what a person sees of the agent.
+class MenuBarShell final : private platform::StatusItemEvents {
+public:
+    // What the menu starts. Actions of features that are not there yet are left empty, and their
+    // entries are left out of the menu.
+    struct Actions {
+        std::function<void(const model::ShortcutItem&)> jump;
+        std::function<void()> capture;
+        std::function<void()> voice;
+        std::function<void()> checkForUpdates;
+        std::function<void()> quit;
+    };
+
+    MenuBarShell(const platform::Ports& ports, model::ShortcutListViewModel& list,
+                 platform::NotificationCenter& notifications, Actions actions);
+    ~MenuBarShell() override;
+
+    // Puts up the status item and builds the popover, hidden.
+    void createStatusItemAndPopover();
+
+    void togglePopover();
+    // On the given screen of the popover, wherever it was.
+    void showPopover(const platform::PopoverRoute& route = {});
+    void closePopover();
+
+    // Whether this document's person has still to be led to a first shortcut.
+    [[nodiscard]] static bool needsOnboarding(const model::AppConfiguration& configuration);
+    static constexpr std::int64_t currentOnboardingVersion = 1;
+    void showOnboarding();
+    // Stores that onboarding was seen and closes it.
+    void finishOnboarding();
+
+    // Files and folders by URL or path: opens the add screen with the first that is one. Answers
+    // why nothing could be added where none is.
+    platform::Outcome addDropped(const QStringList& urls);
+
+private:
+    void statusItemClicked() override;
+    void statusMenuChosen(int id) override;
+    void dropped(const QStringList& urls) override;
+
+    platform::Ports ports_;
+    model::ShortcutListViewModel& list_;
+    platform::NotificationCenter& notifications_;
+    Actions actions_;
+};
+
+} // namespace skipnest::app

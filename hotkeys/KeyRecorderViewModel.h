@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/KeyCombo.h"
+#include "model/RecordId.h"
+#include "model/ShortcutListViewModel.h"
+#include "platform/KeyboardCapture.h"
+#include "platform/Ports.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <optional>
+
+namespace skipnest::hotkeys {
+
+class HotkeyManager;
+
+// Records the combo that the person presses for a shortcut, and refuses combos that cannot work.
+//
+// While it records, the list's hotkeys are suspended and unregistered and the whole keyboard is
+// ours, so that our own combos and the desktop's arrive here and are refused by name instead of
+// being carried out. Both end with the recording, on every path.
+class KeyRecorderViewModel final : public QObject, private platform::KeyboardCaptureEvents {
+    Q_OBJECT
+    Q_PROPERTY(bool isRecording READ isRecording NOTIFY recordingChanged)
+    Q_PROPERTY(QString conflictMessage READ conflictMessage NOTIFY conflictChanged)
+public:
+    // Why the last press was refused, for screens that say it in their own words. `combo` is the
+    // one refused, `name` what holds it: a shortcut's name, or the desktop's program.
+    struct Conflict {
+        enum class Kind {
+            noModifier,
+            systemShortcut,
+            otherShortcut,
+            desktop,       // the desktop refused a trial registration
+            keyboardTaken, // another program holds the keyboard, so nothing can be recorded
+        };
+        Kind kind = Kind::noModifier;
+        model::KeyCombo combo;
+        QString name; // empty where unknown
+        QString action;
+
+        bool operator==(const Conflict&) const = default;
+    };
+    // Accepted all the same.
+    struct Warning {
+        enum class Kind {
+            commonCommand, // overrides "Save" and the like; `text` is the whole sentence
+            neverFires,    // virtual terminal keys: registering works, no press arrives
+            desktopUses,   // the desktop's settings name it though the trial went through
+            hiddenByOther, // equals a derived hide combo, window cycling or the voice combo
+        };
+        Kind kind = Kind::commonCommand;
+        QString text; // fixed English
+        QString owner;
+
+        bool operator==(const Warning&) const = default;
+    };
+
+    KeyRecorderViewModel(const platform::Ports& ports, HotkeyManager& hotkeys,
+                         model::ShortcutListViewModel& shortcutListViewModel,
+                         QObject* parent = nullptr);
+    ~KeyRecorderViewModel() override;
+
+    [[nodiscard]] std::optional<model::KeyCombo> currentCombo() const { return currentCombo_; }
+    [[nodiscard]] bool isRecording() const { return isRecording_; }
+    // The fixed English text, with the combo in words; empty when none.
+    [[nodiscard]] QString conflictMessage() const;
+    [[nodiscard]] std::optional<Conflict> conflict() const { return conflict_; }
+    [[nodiscard]] std::optional<Warning> warning() const { return warning_; }
+    // What is held down right now during a recording: modifiers, and the key once one is down.
+    [[nodiscard]] model::ModifierFlags heldModifiers() const { return heldModifiers_; }
+    [[nodiscard]] std::optional<std::uint16_t> heldKey() const { return heldKey_; }
+
+    // The shortcut being edited: its own combos never count as a conflict.
+    void setEditingItemId(std::optional<model::RecordId> id) { editingItemId_ = id; }
+    // The combo to start from (or none), without recording. Clears conflict and warning.
+    void setCurrentCombo(std::optional<model::KeyCombo> combo);
+
+    void startRecording();
+    void stopRecording();
+
+    // "⌘S is “Save” in most apps. …" for a combo that overrides a common command; else nothing.
+    [[nodiscard]] std::optional<QString> commandWarning(const model::KeyCombo& combo) const;
+
+Q_SIGNALS:
+    void currentComboChanged();
+    void recordingChanged();
+    void conflictChanged();
+    void warningChanged();
+    void heldChanged();
+    // A combo was accepted by pressing it; the recording is over.
+    void recorded();
+
+private:
+    void keyCaptured(const platform::CapturedKey& key) override;
+    void captureLost() override;
+
+    platform::Ports ports_;
+    HotkeyManager& hotkeys_;
+    QPointer<model::ShortcutListViewModel> shortcutListViewModel_;
+    std::optional<model::KeyCombo> currentCombo_;
+    bool isRecording_ = false;
+    std::optional<Conflict> conflict_;
+    std::optional<Warning> warning_;
+    model::ModifierFlags heldModifiers_;
+    std::optional<std::uint16_t> heldKey_;
+    std::optional<model::RecordId> editingItemId_;
+    platform::KeyboardGrab localMonitor_;
+};
+
+} // namespace skipnest::hotkeys

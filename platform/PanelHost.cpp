@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/PanelHost.h"
+
+namespace skipnest::platform {
+
+QString screenName(PopoverScreen screen) {
+    switch (screen) {
+    case PopoverScreen::list:
+        return QStringLiteral("list");
+    case PopoverScreen::add:
+        return QStringLiteral("add");
+    case PopoverScreen::importing:
+        return QStringLiteral("import");
+    case PopoverScreen::exporting:
+        return QStringLiteral("export");
+    case PopoverScreen::settings:
+        return QStringLiteral("settings");
+    case PopoverScreen::feedback:
+        return QStringLiteral("feedback");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace skipnest::platform

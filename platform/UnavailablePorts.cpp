@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/UnavailablePorts.h"
+
+namespace skipnest::platform {
+namespace {
+
+Failure failure(const Availability& why) {
+    return {Failure::Kind::unavailable, why.reason};
+}
+
+} // namespace
+
+Result<KeyboardGrab> UnavailableKeyboardCapture::capture(KeyboardCaptureEvents&) {
+    return failure(why_);
+}
+
+void UnavailableDesktopShortcuts::read(std::function<void(DesktopShortcutReading)> done) {
+    scheduler_.post([done = std::move(done)] { done({}); });
+}
+
+FileSearch UnavailableFileIndex::search(const FileQuery&, Found found) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([found = std::move(found), wanted] {
+        if (*wanted)
+            found({});
+    });
+    return FileSearch([wanted] { *wanted = false; });
+}
+
+Outcome UnavailableLoginItem::registerItem() {
+    return failure(why_);
+}
+
+Outcome UnavailableLoginItem::unregisterItem() {
+    return failure(why_);
+}
+
+Outcome UnavailableServicesMenu::refresh() {
+    return failure(why_);
+}
+
+Outcome UnavailableProcessLauncher::launch(const QString&, const QStringList&) {
+    return failure(why_);
+}
+
+Observation UnavailableNotifications::observe(const QString&, Received) {
+    return {};
+}
+
+} // namespace skipnest::platform

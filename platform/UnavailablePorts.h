@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/DesktopShortcuts.h"
+#include "platform/DistributedNotifications.h"
+#include "platform/FileIndex.h"
+#include "platform/IconSource.h"
+#include "platform/KeyboardCapture.h"
+#include "platform/LoginItem.h"
+#include "platform/PanelHost.h"
+#include "platform/ProcessLauncher.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/ServicesMenu.h"
+#include "platform/StatusItem.h"
+
+#include <memory>
+
+namespace skipnest::platform {
+
+// Ports of a machine or session that cannot do the thing. Each is given what availability() says,
+// and every request that can fail does, with Failure::Kind::unavailable and that reason.
+
+class UnavailableKeyboardCapture final : public KeyboardCapture {
+public:
+    explicit UnavailableKeyboardCapture(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] Result<KeyboardGrab> capture(KeyboardCaptureEvents& events) override;
+
+private:
+    Availability why_;
+};
+
+// Knows of no combo.
+class UnavailableDesktopShortcuts final : public DesktopShortcuts {
+public:
+    UnavailableDesktopShortcuts(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    void read(std::function<void(DesktopShortcutReading)> done) override;
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+// Finds nothing.
+class UnavailableFileIndex final : public FileIndex {
+public:
+    UnavailableFileIndex(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] State state() const override { return {}; }
+    [[nodiscard]] FileSearch search(const FileQuery& query, Found found) override;
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+class UnavailableIconSource final : public IconSource {
+public:
+    [[nodiscard]] bool icon(const QString&, int, QImage&) override { return false; }
+};
+
+class UnavailableStatusItem final : public StatusItem {
+public:
+    explicit UnavailableStatusItem(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    void show(const QString&, StatusItemEvents&) override {}
+    void setIcon(const QString&) override {}
+    void setToolTip(const QString&) override {}
+    void setMenu(const std::vector<StatusMenuEntry>&) override {}
+    [[nodiscard]] std::optional<QRect> geometry() const override { return std::nullopt; }
+
+private:
+    Availability why_;
+};
+
+class UnavailableScreens final : public Screens {
+public:
+    [[nodiscard]] std::vector<Screen> screens() const override { return {}; }
+    [[nodiscard]] std::optional<QPoint> pointer() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<QRect> activeWindowFrame() const override { return std::nullopt; }
+};
+
+// Of a run that shows nothing: the command line's.
+class UnavailablePanels final : public PanelHost {
+public:
+    void createPopover() override {}
+    [[nodiscard]] QSize popoverSize() const override { return {}; }
+    [[nodiscard]] bool isPopoverShown() const override { return false; }
+    void showPopover(const PopoverRoute&, const QRect&) override {}
+    void hidePopover() override {}
+    [[nodiscard]] Observation observePopoverHidden(std::function<void()>) override { return {}; }
+    [[nodiscard]] bool isOnboardingShown() const override { return false; }
+    void showOnboarding() override {}
+    void closeOnboarding() override {}
+};
+
+class UnavailableLoginItem final : public LoginItem {
+public:
+    explicit UnavailableLoginItem(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] bool isRegistered() const override { return false; }
+    Outcome registerItem() override;
+    Outcome unregisterItem() override;
+
+private:
+    Availability why_;
+};
+
+class UnavailableServicesMenu final : public ServicesMenu {
+public:
+    explicit UnavailableServicesMenu(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    Outcome refresh() override;
+
+private:
+    Availability why_;
+};
+
+class UnavailableProcessLauncher final : public ProcessLauncher {
+public:
+    explicit UnavailableProcessLauncher(Availability why) : why_(std::move(why)) {}
+    Outcome launch(const QString& program, const QStringList& arguments) override;
+
+private:
+    Availability why_;
+};
+
+class UnavailableNotifications final : public DistributedNotifications {
+public:
+    explicit UnavailableNotifications(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] Observation observe(const QString& name, Received received) override;
+
+private:
+    Availability why_;
+};
+
+} // namespace skipnest::platform

@@ -1,0 +1,1 @@
+# The index of names: targets are found without asking the disk.

@@ -1,0 +1,1 @@
+# Recording combos, and who else has them.

@@ -1,0 +1,1 @@
+# What a person sees of the agent outside its own windows: tray, autostart, file managers, icons.
