@@ -35,6 +35,8 @@ void Agent::launch(InstanceTakeover::Taken taken) {
     const platform::Ports& ports = backend_.ports();
     instance_ = std::move(taken.agent);
     delegate_ = std::make_unique<AppDelegate>(ports);
+    if (hooks_.created)
+        hooks_.created(*delegate_);
     delegate_->launch();
     // From here on the keys that were held back find their grabs.
     taken.keys.reset();

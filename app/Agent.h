@@ -18,6 +18,8 @@ class Agent {
 public:
     struct Hooks {
         std::function<void(int status)> quit; // ends the event loop
+        // Made and not launched yet: panels get hold of what they show.
+        std::function<void(AppDelegate&)> created;
         // The agent has bound its keys and listens.
         std::function<void(AppDelegate&)> launched;
     };

@@ -9,6 +9,9 @@ namespace skipnest::platform {
 
 // What the program knows of itself and where it keeps things. A plain value, filled by the backend
 // at start. Folders are absolute, without a trailing slash, and may not exist yet.
+// How this system's people write modifier keys: ⌃⌥⇧⌘, or Ctrl, Alt, Shift, Super.
+enum class ModifierStyle { glyphs, names };
+
 struct AppInfo {
     ProcessIdentifier pid;
     QString bundlePath;
@@ -22,6 +25,7 @@ struct AppInfo {
     // Where programs are put by hand to be installed; empty where the system has no such place, and
     // then it does not matter where this one lies.
     QString applicationsFolder;
+    ModifierStyle modifierStyle = ModifierStyle::glyphs;
     QString liteConfig; // the lighter edition's document; empty where there is none
 };
 

@@ -56,6 +56,7 @@ platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
     app.version = QStringLiteral(SKIPNEST_VERSION);
     app.build = QStringLiteral(SKIPNEST_BUILD);
     app.home = homeFolder(environment);
+    app.modifierStyle = platform::ModifierStyle::names;
     app.supportFolder = inside(absoluteFolder(environment, QStringLiteral("XDG_CONFIG_HOME"))
                                    .value_or(inside(app.home, QStringLiteral(".config"))),
                                own);
