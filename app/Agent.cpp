@@ -32,21 +32,36 @@ void Agent::start() {
 }
 
 void Agent::launch(InstanceTakeover::Taken taken) {
-    const platform::Ports& ports = backend_.ports();
     instance_ = std::move(taken.agent);
-    delegate_ = std::make_unique<AppDelegate>(ports);
+    start_ = std::move(taken.start);
+    heldKeys_ = std::move(taken.keys);
+    const auto quit = [this] { backend_.ports().scheduler.post([this] { hooks_.quit(0); }); };
+    delegate_ = std::make_unique<AppDelegate>(
+        backend_.ports(),
+        AppDelegate::Options{.setup = AppDelegate::Options::Setup::check, .quit = quit});
     if (hooks_.created)
         hooks_.created(*delegate_);
-    delegate_->launch();
-    // From here on the keys that were held back find their grabs.
-    taken.keys.reset();
+    delegate_->launch({
+        .hotkeysRegistered =
+            [this, quit] {
+                // The keys that were held back find their grabs from here on. Building the panels
+                // takes longer than keys may wait.
+                heldKeys_.reset();
+                listen(quit);
+                start_.reset();
+            },
+        .finished = [this] { hooks_.launched(*delegate_); },
+    });
+    // An alert may be waiting for an answer; neither the keys nor the next start wait with it.
+    heldKeys_.reset();
+    start_.reset();
+}
 
+void Agent::listen(const std::function<void()>& quit) {
+    const platform::Ports& ports = backend_.ports();
     commands_ = std::make_unique<ControlCommands>(
         *delegate_, backend_,
-        ControlCommands::Requests{
-            .quit = [this] { backend_.ports().scheduler.post([this] { hooks_.quit(0); }); },
-            .handOver = [this] { handOver(); },
-        });
+        ControlCommands::Requests{.quit = quit, .handOver = [this] { handOver(); }});
     socket_ = std::make_unique<ControlSocket>(
         ports.peers, ports.scheduler,
         [this](const QJsonObject& request, const ControlSocket::Reply& reply) {
@@ -56,7 +71,6 @@ void Agent::launch(InstanceTakeover::Taken taken) {
         !listening)
         ports.diagnostics.print(u"[Skipnest] The command line cannot reach this agent: " %
                                 listening.failure().detail);
-    hooks_.launched(*delegate_);
 }
 
 void Agent::handOver() {

@@ -20,7 +20,7 @@ public:
         std::function<void(int status)> quit; // ends the event loop
         // Made and not launched yet: panels get hold of what they show.
         std::function<void(AppDelegate&)> created;
-        // The agent has bound its keys and listens.
+        // The agent has bound its keys, listens, and has its status item and panels.
         std::function<void(AppDelegate&)> launched;
     };
 
@@ -33,12 +33,15 @@ public:
 
 private:
     void launch(InstanceTakeover::Taken taken);
+    void listen(const std::function<void()>& quit);
     void handOver();
 
     const platform::Backend& backend_;
     Hooks hooks_;
     InstanceTakeover takeover_;
     platform::InstanceToken instance_;
+    platform::InstanceToken start_;
+    platform::KeyDeliveryHold heldKeys_;
     std::unique_ptr<AppDelegate> delegate_;
     std::unique_ptr<ControlCommands> commands_;
     std::unique_ptr<ControlSocket> socket_;

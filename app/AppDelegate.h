@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "app/DebugHooks.h"
+#include "app/MenuBarShell.h"
 #include "hotkeys/FocusTracker.h"
 #include "hotkeys/HotkeyManager.h"
 #include "hotkeys/JumpExecution.h"
+#include "hotkeys/KeyLedger.h"
 #include "hotkeys/WindowCycler.h"
 #include "model/ShortcutListViewModel.h"
+#include "model/ShortcutTransfer.h"
 #include "model/StorageService.h"
+#include "platform/NotificationCenter.h"
 #include "platform/Ports.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -18,28 +24,57 @@ namespace skipnest::app {
 // run this same wiring, on different ports.
 class AppDelegate {
 public:
+    struct Options {
+        // What a start puts in order for the person: a first shortcut, the login item. A simulated
+        // desktop stands for one where all of that was done long ago.
+        enum class Setup { check, countsAsDone };
+        Setup setup = Setup::check;
+        std::function<void()> quit; // empty: nothing offers to quit
+    };
+    struct LaunchSteps {
+        std::function<void()> hotkeysRegistered;
+        std::function<void()> finished;
+    };
+
     explicit AppDelegate(const platform::Ports& ports);
+    AppDelegate(const platform::Ports& ports, Options options);
     ~AppDelegate();
 
-    // The launch sequence, from the point where this process is the only agent: the migration, the
-    // document with its hotkeys, the daily snapshot. Called once.
-    void launch();
+    // The launch sequence, from the point where this process is the only agent. Called once. It is
+    // over when this returns, but for a program that lies in the wrong place: then nothing further
+    // happens until the person has answered.
+    void launch(LaunchSteps steps = {});
+    // What a start by hand shows: without a tray, starting the program again is the way in.
+    void showPopoverAfterStart();
 
     [[nodiscard]] const platform::Ports& ports() const { return ports_; }
     [[nodiscard]] model::StorageService& storage() { return storage_; }
-    [[nodiscard]] model::ShortcutListViewModel& viewModel() { return *viewModel_; }
     [[nodiscard]] hotkeys::HotkeyManager& hotkeys() { return hotkeys_; }
     [[nodiscard]] hotkeys::JumpExecution& jumps() { return jumps_; }
     [[nodiscard]] hotkeys::WindowCycler& cycler() { return cycler_; }
+    [[nodiscard]] platform::NotificationCenter& notifications() { return notifications_; }
+    // These exist from the launch on; panels may use them from createPopover() on.
+    [[nodiscard]] model::ShortcutListViewModel& viewModel() { return *viewModel_; }
+    [[nodiscard]] model::ShortcutTransfer& transfer() { return *transfer_; }
+    [[nodiscard]] hotkeys::KeyLedger& ledger() { return *ledger_; }
+    [[nodiscard]] MenuBarShell& shell() { return *shell_; }
 
 private:
     // Stand where the window switcher and the statistics plug in; both decline.
     class NoSwitcher;
     class NoCounter;
 
+    void continueLaunch(const LaunchSteps& steps);
+    void createList();
+    void createShell();
     void rebuildHotkeys(const model::AppConfiguration& configuration);
+    void settingsApplied(const model::AppConfiguration& configuration);
+    void setLaunchAtLogin(bool wanted);
+    void tidyAfterLaunch();
 
     platform::Ports ports_;
+    Options options_;
+    platform::NotificationCenter notifications_;
     model::StorageService storage_;
     hotkeys::HotkeyManager hotkeys_;
     hotkeys::FocusTracker focus_;
@@ -47,7 +82,13 @@ private:
     std::unique_ptr<hotkeys::JumpCounter> counter_;
     hotkeys::JumpExecution jumps_;
     hotkeys::WindowCycler cycler_;
+    std::shared_ptr<hotkeys::KeyLedger> ledger_;
     std::unique_ptr<model::ShortcutListViewModel> viewModel_;
+    std::unique_ptr<model::ShortcutTransfer> transfer_;
+    std::unique_ptr<MenuBarShell> shell_;
+    DebugHooks debugHooks_;
+    std::optional<bool> launchAtLogin_; // as last applied
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 } // namespace skipnest::app

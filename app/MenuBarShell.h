@@ -5,12 +5,15 @@
 #include "platform/NotificationCenter.h"
 #include "platform/PanelHost.h"
 #include "platform/Ports.h"
+#include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 
+#include <QObject>
 #include <QStringList>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace skipnest::app {
 
@@ -38,6 +41,8 @@ public:
     // On the given screen of the popover, wherever it was.
     void showPopover(const platform::PopoverRoute& route = {});
     void closePopover();
+    // What the popover was last opened on.
+    [[nodiscard]] const platform::PopoverRoute& route() const { return route_; }
 
     // Whether this document's person has still to be led to a first shortcut.
     [[nodiscard]] static bool needsOnboarding(const model::AppConfiguration& configuration);
@@ -55,10 +60,21 @@ private:
     void statusMenuChosen(int id) override;
     void dropped(const QStringList& urls) override;
 
+    void toggle(bool show);
+    void popoverHidden();
+    void rebuildMenu();
+
     platform::Ports ports_;
     model::ShortcutListViewModel& list_;
     platform::NotificationCenter& notifications_;
     Actions actions_;
+    platform::PopoverRoute route_;
+    std::vector<std::function<void()>> menuActions_; // by entry id, which counts from 1
+    enum class Hiding { byThemselves, byUs };
+    Hiding hiding_ = Hiding::byThemselves;
+    std::optional<platform::Instant> wentAwayAt_; // the popover hid because the person left it
+    std::vector<platform::Observation> observations_;
+    QObject listContext_; // connections to the list end with the shell
 };
 
 } // namespace skipnest::app

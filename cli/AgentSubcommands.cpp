@@ -48,7 +48,7 @@ ExitStatus onFile(const Context& context,
     model::StorageService storage = storageOf(ports);
     const auto nothing = [](const model::AppConfiguration&) {};
     model::ShortcutListViewModel list(storage, ports.workspace, ports.bookmarks, ports.files,
-                                      ports.wallClock, nothing, nothing);
+                                      ports.wallClock, ports.defaults, ports.app, nothing, nothing);
     return printAnswer(carryOut(list, ports).toJson());
 }
 

@@ -26,7 +26,11 @@ public:
     explicit ReplayAgent(sim::SimDesktop& desk) : desk_(desk) {}
 
     Outcome start() override {
-        delegate_ = std::make_unique<app::AppDelegate>(desk_.ports());
+        delegate_ = std::make_unique<app::AppDelegate>(
+            desk_.ports(), app::AppDelegate::Options{
+                               .setup = app::AppDelegate::Options::Setup::countsAsDone,
+                               .quit = {},
+                           });
         delegate_->launch();
         return platform::Done{};
     }
@@ -48,7 +52,9 @@ public:
             {QStringLiteral("config"), model::toJson(delegate_->viewModel().config())},
             {QStringLiteral("hotkeys"), app::hotkeysJson(delegate_->hotkeys().registered())},
             {QStringLiteral("stats"), QJsonObject()},
-            {QStringLiteral("panel"), QJsonValue()},
+            {QStringLiteral("panel"), desk_.panels().isPopoverShown()
+                                          ? QJsonValue(QStringLiteral("popover"))
+                                          : QJsonValue()},
         };
     }
 

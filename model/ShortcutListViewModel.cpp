@@ -3,6 +3,7 @@
 
 #include "model/SortOrder.h"
 #include "model/StorageService.h"
+#include "platform/AppInfo.h"
 #include "platform/Bookmarks.h"
 #include "platform/Files.h"
 #include "platform/WallClock.h"
@@ -38,11 +39,14 @@ auto hotkeySettings(const AppConfiguration& c) {
 ShortcutListViewModel::ShortcutListViewModel(StorageService& storage,
                                              platform::Workspace& workspace,
                                              platform::Bookmarks& bookmarks, platform::Files& files,
-                                             platform::WallClock& clock, Callback rebuildHotkeys,
+                                             platform::WallClock& clock,
+                                             platform::UserDefaults& defaults,
+                                             const platform::AppInfo& app, Callback rebuildHotkeys,
                                              Callback settingsApplied, QObject* parent)
     : QObject(parent), storage_(storage), workspace_(workspace), bookmarks_(bookmarks),
       files_(files), clock_(clock), rebuildHotkeys_(std::move(rebuildHotkeys)),
-      settingsApplied_(std::move(settingsApplied)) {
+      settingsApplied_(std::move(settingsApplied)),
+      trust_(defaults, workspace, bookmarks, app.installedApplications) {
     takeOver();
     if (settingsApplied_)
         settingsApplied_(config_);
@@ -56,8 +60,14 @@ void ShortcutListViewModel::takeOver() {
 }
 
 void ShortcutListViewModel::rebuild() {
-    if (!hotkeysSuspended_ && rebuildHotkeys_)
-        rebuildHotkeys_(config_);
+    if (hotkeysSuspended_ || !rebuildHotkeys_)
+        return;
+    const auto waits = [this](const ShortcutItem& item) { return !isConfirmed(item.id); };
+    if (std::ranges::none_of(config_.shortcuts, waits))
+        return rebuildHotkeys_(config_);
+    AppConfiguration confirmed = config_;
+    std::erase_if(confirmed.shortcuts, waits);
+    rebuildHotkeys_(confirmed);
 }
 
 void ShortcutListViewModel::setHotkeysSuspended(bool suspended) {
@@ -125,6 +135,8 @@ bool ShortcutListViewModel::update(const ShortcutItem& item) {
     if (found == shortcuts_.end())
         return false;
     const std::int64_t order = found->sortOrder;
+    if (found->targetPath != item.targetPath)
+        (void)trust_.confirm(item.id);
     *found = item;
     found->sortOrder = order;
     commit();
@@ -223,6 +235,79 @@ void ShortcutListViewModel::addAlias(const QString& heard, const QString& canoni
         aliases.push_back({from, to, {}});
         config.vocabularyAliases = std::move(aliases);
     });
+}
+
+void ShortcutListViewModel::removeAlias(const QString& heard) {
+    if (!config_.vocabularyAliases)
+        return;
+    changeSettings([&heard](AppConfiguration& config) {
+        std::erase_if(*config.vocabularyAliases, [&heard](const VocabAlias& alias) {
+            return alias.heard.compare(heard.trimmed(), Qt::CaseInsensitive) == 0;
+        });
+    });
+}
+
+void ShortcutListViewModel::addTerm(const QString& term) {
+    const QString word = term.trimmed();
+    if (word.isEmpty())
+        return;
+    changeSettings([&word](AppConfiguration& config) {
+        QStringList terms = config.vocabularyTerms.value_or(QStringList());
+        const auto known = std::ranges::find_if(terms, [&word](const QString& other) {
+            return other.compare(word, Qt::CaseInsensitive) == 0;
+        });
+        if (known == terms.end())
+            terms.append(word);
+        else
+            *known = word;
+        config.vocabularyTerms = terms;
+    });
+}
+
+void ShortcutListViewModel::removeTerm(const QString& term) {
+    if (!config_.vocabularyTerms)
+        return;
+    changeSettings([&term](AppConfiguration& config) {
+        config.vocabularyTerms->removeIf([&term](const QString& other) {
+            return other.compare(term.trimmed(), Qt::CaseInsensitive) == 0;
+        });
+    });
+}
+
+ImportMerge ShortcutListViewModel::mergeOf(const std::vector<ShortcutItem>& imported) const {
+    return mergeImport(shortcuts_, imported,
+                       [this](const ShortcutItem& item) { return trust_.isForeign(item); });
+}
+
+ImportReport ShortcutListViewModel::previewMerge(const std::vector<ShortcutItem>& imported) const {
+    return mergeOf(imported).report;
+}
+
+platform::Result<ImportReport>
+ShortcutListViewModel::merge(const std::vector<ShortcutItem>& imported) {
+    ImportMerge merged = mergeOf(imported);
+    // First of all: whatever happens next, none of them runs unasked.
+    if (const platform::Outcome noted = trust_.addUnconfirmed(merged.unconfirmed); !noted)
+        return noted.failure();
+    if (merged.report.added + merged.report.updated > 0) {
+        shortcuts_ = std::move(merged.shortcuts);
+        commit();
+        Q_EMIT shortcutsChanged();
+    }
+    return merged.report;
+}
+
+bool ShortcutListViewModel::confirm(const RecordId& id) {
+    if (!trust_.confirm(id))
+        return false;
+    rebuild();
+    Q_EMIT shortcutsChanged();
+    return true;
+}
+
+bool ShortcutListViewModel::conflicting(const RecordId& id) const {
+    const auto found = std::ranges::find(shortcuts_, id, &ShortcutItem::id);
+    return found != shortcuts_.end() && sharesCombo(shortcuts_, *found);
 }
 
 void ShortcutListViewModel::commit() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "model/AppConfiguration.h"
+#include "model/ImportMerge.h"
+#include "model/ImportTrust.h"
 #include "model/ShortcutItem.h"
 
 #include <QObject>
@@ -14,8 +16,10 @@
 namespace skipnest::platform {
 class Bookmarks;
 class Files;
+class UserDefaults;
 class WallClock;
 class Workspace;
+struct AppInfo;
 } // namespace skipnest::platform
 
 namespace skipnest::model {
@@ -33,14 +37,16 @@ class ShortcutListViewModel final : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString menuBarIconName READ menuBarIconName NOTIFY menuBarIconNameChanged)
 public:
-    // Both get the configuration with the live list in it.
+    // Both get the configuration with the live list in it; for the hotkeys without the records that
+    // wait to be confirmed.
     using Callback = std::function<void(const AppConfiguration&)>;
 
     // Loads, then calls `settingsApplied` and `rebuildHotkeys`. `settingsApplied` sets process-wide
     // switches; it is called again after every change of settings.
     ShortcutListViewModel(StorageService& storage, platform::Workspace& workspace,
                           platform::Bookmarks& bookmarks, platform::Files& files,
-                          platform::WallClock& clock, Callback rebuildHotkeys,
+                          platform::WallClock& clock, platform::UserDefaults& defaults,
+                          const platform::AppInfo& app, Callback rebuildHotkeys,
                           Callback settingsApplied, QObject* parent = nullptr);
 
     [[nodiscard]] const std::vector<ShortcutItem>& shortcuts() const { return shortcuts_; }
@@ -62,7 +68,8 @@ public:
 
     // Each answers whether the record was there; without it nothing is written.
     bool remove(const RecordId& id);
-    // Replaces the record with the item's id. Its place stays: sortOrder is kept as it was.
+    // Replaces the record with the item's id. Its place stays: sortOrder is kept as it was. A new
+    // target that the person chose needs no confirmation.
     bool update(const ShortcutItem& item);
     // Puts the record at this row (clamped); the order numbers stay, dealt out anew.
     bool move(const RecordId& id, qsizetype row);
@@ -75,12 +82,28 @@ public:
     // equally well are all answered; the caller asks which.
     [[nodiscard]] std::vector<ShortcutItem> findByName(const QString& name) const;
 
+    // Takes over records of another document: see mergeImport(). The settings stay. Fails where it
+    // cannot be noted which of them wait to be confirmed, and then nothing has changed.
+    [[nodiscard]] platform::Result<ImportReport> merge(const std::vector<ShortcutItem>& imported);
+    [[nodiscard]] ImportReport previewMerge(const std::vector<ShortcutItem>& imported) const;
+    // An imported application from outside the application folders is listed and has no hotkeys
+    // until the person has said that it may run.
+    [[nodiscard]] bool isConfirmed(const RecordId& id) const { return trust_.isConfirmed(id); }
+    bool confirm(const RecordId& id);
+    // Whether a combo of the record is another record's too: only one of them can work.
+    [[nodiscard]] bool conflicting(const RecordId& id) const;
+
     // Changes settings and saves. The list itself is not changed this way: what `change` does to
     // `shortcuts` is dropped. Hotkeys are rebuilt where a setting changed that they depend on.
     void changeSettings(const std::function<void(AppConfiguration&)>& change);
     // Reads `heard` as `canonical` from now on, in place of an earlier alias for the same words
     // (but for case). Texts are trimmed; nothing happens where one is empty.
     void addAlias(const QString& heard, const QString& canonical);
+    void removeAlias(const QString& heard);
+    // A word that recognition should know. Trimmed; one that is there already (but for case) takes
+    // the new spelling.
+    void addTerm(const QString& term);
+    void removeTerm(const QString& term);
 
     // Writes the list and the settings, then rebuilds the hotkeys.
     void commit();
@@ -96,6 +119,7 @@ Q_SIGNALS:
 
 private:
     std::vector<ShortcutItem>::iterator position(const RecordId& id);
+    [[nodiscard]] ImportMerge mergeOf(const std::vector<ShortcutItem>& imported) const;
     [[nodiscard]] ShortcutItem::TargetType targetType(const QString& path) const;
     [[nodiscard]] ShortcutItem makeShortcut(const QString& path) const;
     void takeOver();
@@ -109,6 +133,7 @@ private:
     platform::WallClock& clock_;
     Callback rebuildHotkeys_;
     Callback settingsApplied_;
+    ImportTrust trust_;
 
     AppConfiguration config_;
     std::vector<ShortcutItem> shortcuts_;

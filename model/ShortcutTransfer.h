@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/AppConfiguration.h"
+#include "model/ImportMerge.h"
 #include "platform/Result.h"
 
 #include <QByteArray>
@@ -20,17 +21,6 @@ class ShortcutListViewModel;
 
 // Where an export goes.
 enum class ExportDestination { downloads, desktop, documents };
-
-struct ImportReport {
-    int added = 0;
-    int updated = 0;
-    int unchanged = 0;
-    int conflicting = 0; // records whose combo another record has too
-    int unconfirmed = 0; // applications outside the application folders, disabled until confirmed
-
-    [[nodiscard]] int takenOver() const { return added + updated + unchanged; }
-    bool operator==(const ImportReport&) const = default;
-};
 
 // Export files: a whole configuration document. Importing merges by id: known records are updated,
 // new ones appended, sortOrder is renumbered ascending, and the settings of this document stay.
@@ -52,13 +42,19 @@ public:
     // Files in the three destinations whose name contains "Skipnest" and "-Export", newest name
     // first. Found without an index, so that the import works on a fresh machine too.
     [[nodiscard]] QStringList candidates() const;
+    // "That file couldn't be read as a Skipnest export - pick another one."
+    [[nodiscard]] static QString unreadable();
     // What an import would do, without doing it.
     [[nodiscard]] platform::Result<ImportReport> preview(const QByteArray& document) const;
-    // Fails with `malformed` or `tooLarge` (16 MB), and then nothing has changed.
+    // Fails with `malformed` (the detail is unreadable()) or `tooLarge` (16 MB), and then nothing
+    // has changed.
     [[nodiscard]] platform::Result<ImportReport> importDocument(const QByteArray& document);
     [[nodiscard]] platform::Result<ImportReport> importFile(const QString& path);
 
 private:
+    [[nodiscard]] static platform::Result<std::vector<ShortcutItem>>
+    records(const QByteArray& document);
+
     ShortcutListViewModel& list_;
     platform::Files& files_;
     const platform::WallClock& clock_;

@@ -4,14 +4,15 @@
 #include "platform/RunningApplication.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace skipnest::platform {
 
-// What the program knows of itself and where it keeps things. A plain value, filled by the backend
-// at start. Folders are absolute, without a trailing slash, and may not exist yet.
 // How this system's people write modifier keys: ⌃⌥⇧⌘, or Ctrl, Alt, Shift, Super.
 enum class ModifierStyle { glyphs, names };
 
+// What the program knows of itself and where it keeps things. A plain value, filled by the backend
+// at start. Folders are absolute, without a trailing slash, and may not exist yet.
 struct AppInfo {
     ProcessIdentifier pid;
     QString bundlePath;
@@ -27,6 +28,12 @@ struct AppInfo {
     QString applicationsFolder;
     ModifierStyle modifierStyle = ModifierStyle::glyphs;
     QString liteConfig; // the lighter edition's document; empty where there is none
+    // Where installed applications lie. An application anywhere else may have come with a download.
+    QStringList installedApplications;
+    // The person's own folders, by the desktop's names for them.
+    QString downloadsFolder;
+    QString desktopFolder;
+    QString documentsFolder;
 };
 
 } // namespace skipnest::platform

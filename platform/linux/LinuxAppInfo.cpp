@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 
 #include <array>
 #include <optional>
@@ -45,6 +46,25 @@ QString inside(const QString& folder, const QString& name) {
     return QDir::cleanPath(folder + u'/' + name);
 }
 
+// The folders of desktop entries. Those of Flatpak and Snap stand in XDG_DATA_DIRS only after the
+// login that followed their installation.
+QStringList entryFolders(const QProcessEnvironment& environment, const QString& home) {
+    const QString own = absoluteFolder(environment, QStringLiteral("XDG_DATA_HOME"))
+                            .value_or(inside(home, QStringLiteral(".local/share")));
+    QString shared = environment.value(QStringLiteral("XDG_DATA_DIRS"));
+    if (shared.isEmpty())
+        shared = QStringLiteral("/usr/local/share:/usr/share");
+    QStringList folders = {own, inside(own, QStringLiteral("flatpak/exports/share"))};
+    folders += shared.split(u':', Qt::SkipEmptyParts);
+    folders += {QStringLiteral("/var/lib/flatpak/exports/share"),
+                QStringLiteral("/var/lib/snapd/desktop")};
+    folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
+    for (QString& folder : folders)
+        folder = inside(folder, QStringLiteral("applications"));
+    folders.removeDuplicates();
+    return folders;
+}
+
 } // namespace
 
 platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
@@ -65,6 +85,10 @@ platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
                            own);
     const auto runtime = absoluteFolder(environment, QStringLiteral("XDG_RUNTIME_DIR"));
     app.runtimeFolder = runtime && isOwnFolder(*runtime) ? inside(*runtime, own) : app.logFolder;
+    app.installedApplications = entryFolders(environment, app.home);
+    app.downloadsFolder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    app.desktopFolder = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    app.documentsFolder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return app;
 }
 

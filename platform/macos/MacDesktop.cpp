@@ -20,7 +20,13 @@ platform::AppInfo appInfo(const BundleRecord& bundle) {
             .logFolder = home + QStringLiteral("/Library/Logs"),
             .runtimeFolder = QString::fromStdString(bundle.temporary) + QStringLiteral("/Skipnest"),
             .applicationsFolder = QStringLiteral("/Applications"),
-            .liteConfig = home + liteDocument};
+            .liteConfig = home + liteDocument,
+            .installedApplications = {QStringLiteral("/Applications"),
+                                      QStringLiteral("/System/Applications"),
+                                      home + QStringLiteral("/Applications")},
+            .downloadsFolder = home + QStringLiteral("/Downloads"),
+            .desktopFolder = home + QStringLiteral("/Desktop"),
+            .documentsFolder = home + QStringLiteral("/Documents")};
 }
 
 MacDesktop::MacDesktop(SystemBridges bridges)

@@ -33,6 +33,11 @@ AppInfo stageInfo() {
         .applicationsFolder = u"/Applications"_s,
         .liteConfig = home + u"/Library/Containers/com.skipnest.app/Data/Library/Application "
                              u"Support/Skipnest/config.json"_s,
+        .installedApplications = {u"/Applications"_s, u"/System/Applications"_s,
+                                  home + u"/Applications"_s},
+        .downloadsFolder = home + u"/Downloads"_s,
+        .desktopFolder = home + u"/Desktop"_s,
+        .documentsFolder = home + u"/Documents"_s,
     };
 }
 

@@ -44,7 +44,7 @@ protected:
         document.shortcuts = std::move(items);
         files_.put(configPath, encodeConfiguration(document));
         model_ = std::make_unique<ShortcutListViewModel>(
-            storage_, workspace_, bookmarks_, files_, clock_,
+            storage_, workspace_, bookmarks_, files_, clock_, defaults_, test::appInfo(),
             [this](const AppConfiguration& config) {
                 events_ << QStringLiteral("rebuild %1").arg(config.shortcuts.size());
             },
@@ -151,7 +151,8 @@ TEST_F(ShortcutList, movesKeepTheNumbersAscending) {
         AppConfiguration document;
         document.shortcuts = {item(s("a"), 1), item(s("b"), 1), item(s("c"), 4), item(s("d"), 9)};
         storage.save(document);
-        ShortcutListViewModel model(storage, workspace_, bookmarks_, files_, clock_, {}, {});
+        ShortcutListViewModel model(storage, workspace_, bookmarks_, files_, clock_, defaults_,
+                                    test::appInfo(), {}, {});
         ASSERT_TRUE(model.move(model.find(s(row.moved))->id, row.row));
         EXPECT_EQ(this->rows(model.shortcuts()), row.result) << row.moved;
         EXPECT_EQ(rowsOnDisk(), row.result) << row.moved;
