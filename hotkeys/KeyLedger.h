@@ -26,8 +26,11 @@ public:
         };
         model::KeyCombo combo;
         Holder holder = Holder::ours;
-        QString owner;  // the shortcut's name, or the desktop's program; empty where unknown
-        QString action; // "jump", "hide", … or as the desktop calls it
+        // Who acts on it: our shortcut by name, or the other program. Empty where unknown, and for
+        // our combos that belong to no shortcut.
+        QString owner;
+        QString action;   // "jump", "hide", …, or as the desktop calls it
+        QString shortcut; // of a combo of ours: the shortcut that has it or would like to
 
         bool operator==(const Row&) const = default;
     };
@@ -43,16 +46,22 @@ public:
 
     // Reads the desktop's settings again; changed() follows.
     void refresh();
-    // After the registrations changed.
+    // To be called after the registrations changed.
     void hotkeysRebuilt();
 
 Q_SIGNALS:
     void changed();
 
 private:
+    void merge();
+
     const HotkeyManager& hotkeys_;
     platform::DesktopShortcuts& desktopShortcuts_;
     platform::DesktopShortcutReading reading_;
+    // As of the last rebuild: during a recording nothing is registered, and the keys are ours
+    // still.
+    std::vector<HotkeyManager::Entry> registered_;
+    std::vector<HotkeyManager::Entry> refused_;
     std::vector<Row> rows_;
 };
 
