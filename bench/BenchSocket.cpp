@@ -3,65 +3,17 @@
 // connection each: what stays behind in memory and descriptors. `skipnest jump` beside it shows
 // what starting a process adds.
 #include "bench/Bench.h"
+#include "bench/ControlConnection.h"
 #include "bench/ProcessFigures.h"
 #include "tests/e2e/Fixtures.h"
 #include "tests/e2e/Waiting.h"
 
 #include <QCoreApplication>
-#include <QJsonDocument>
 
-#include <algorithm>
 #include <cstdio>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace skipnest::bench {
 namespace {
-
-class ControlConnection {
-public:
-    explicit ControlConnection(const QString& path) : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        const QByteArray name = path.toLocal8Bit().left(sizeof address.sun_path - 1);
-        std::ranges::copy(name, address.sun_path);
-        connected_ =
-            connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    }
-    ~ControlConnection() { close(socket_); }
-    ControlConnection(const ControlConnection&) = delete;
-    ControlConnection& operator=(const ControlConnection&) = delete;
-
-    // True when the agent says that the target is in front.
-    bool jump(const QString& name) {
-        const QByteArray request =
-            QJsonDocument(QJsonObject{{QStringLiteral("verb"), QStringLiteral("jump")},
-                                      {QStringLiteral("name"), name}})
-                .toJson(QJsonDocument::Compact) +
-            '\n';
-        if (!connected_ || send(socket_, request.constData(),
-                                static_cast<std::size_t>(request.size()), MSG_NOSIGNAL) < 0)
-            return false;
-        QByteArray answer;
-        char buffer[4096];
-        while (!answer.endsWith('\n')) {
-            const ssize_t count = read(socket_, buffer, sizeof buffer);
-            if (count <= 0)
-                return false;
-            answer.append(buffer, count);
-        }
-        const QJsonObject reply = QJsonDocument::fromJson(answer).object();
-        return reply.value(QStringLiteral("ok")).toBool() && reply.value(QStringLiteral("result"))
-                                                                 .toObject()
-                                                                 .value(QStringLiteral("arrived"))
-                                                                 .toBool();
-    }
-
-private:
-    int socket_;
-    bool connected_ = false;
-};
 
 class SocketSoak {
 public:

@@ -11,6 +11,7 @@
 #include "platform/linux/SessionKind.h"
 #include "platform/linux/TerminationSignals.h"
 #include "ui/QuickAlerts.h"
+#include "ui/QuickPanels.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -102,21 +103,28 @@ int runAgent(int argc, char** argv, const AgentOptions& options) {
         return ui::palette(launched != nullptr ? launched->viewModel().theme()
                                                : model::Theme::brand);
     });
-    platform::UnavailablePanels panels;
+    ui::QuickPanels panels;
     const auto backend = linuxdesktop::makeLinuxBackend(application.session(), alerts, panels);
     std::unique_ptr<cli::TraceRecorder> recorder;
-    app::Agent agent(*backend, {
-                                   .quit = [](int status) { QCoreApplication::exit(status); },
-                                   .launched =
-                                       [&](app::AppDelegate& delegate) {
-                                           launched = &delegate;
-                                           recorder = startRecording(recordFile, delegate);
-                                       },
-                               });
+    app::Agent agent(*backend,
+                     {
+                         .quit = [](int status) { QCoreApplication::exit(status); },
+                         .created = [&](app::AppDelegate& delegate) { panels.attach(delegate); },
+                         .launched =
+                             [&](app::AppDelegate& delegate) {
+                                 launched = &delegate;
+                                 recorder = startRecording(recordFile, delegate);
+                                 if (options.popover == AgentOptions::Popover::open)
+                                     delegate.showPopoverAfterStart();
+                             },
+                     });
     const linuxdesktop::TerminationSignals signals_([] { QCoreApplication::quit(); });
     // Inside the event loop, so that a start that fails can end it.
     backend->ports().scheduler.post([&agent] { agent.start(); });
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    // The panels show what the agent is about to take down.
+    panels.detach();
+    return status;
 }
 
 int runSubcommandOfAgent(int argc, char** argv, const QStringList& words) {

@@ -43,11 +43,25 @@ void SimStatusItem::show(const QString& iconName, platform::StatusItemEvents& ev
     events_ = &events;
 }
 
+void SimPanels::drawOn(platform::PanelHost* host) {
+    host_ = host;
+    hostHidden_ = host_ == nullptr ? platform::Observation()
+                                   : host_->observePopoverHidden([this] { noteHidden(); });
+}
+
+void SimPanels::createPopover() {
+    created_ = true;
+    if (host_ != nullptr)
+        host_->createPopover();
+}
+
 void SimPanels::showPopover(const platform::PopoverRoute& route, const QRect& frame) {
     const bool unchanged = shown_ && route == route_;
     shown_ = true;
     route_ = route;
     frame_ = frame;
+    if (host_ != nullptr)
+        host_->showPopover(route, frame);
     if (unchanged)
         return;
     QJsonObject fields{{u"state"_s, platform::screenName(route.screen)}};
@@ -57,10 +71,28 @@ void SimPanels::showPopover(const platform::PopoverRoute& route, const QRect& fr
 }
 
 void SimPanels::hidePopover() {
+    if (host_ != nullptr)
+        host_->hidePopover();
+    noteHidden();
+}
+
+void SimPanels::noteHidden() {
     if (!std::exchange(shown_, false))
         return;
     journal_.panel(u"popover"_s, {{u"state"_s, u"closed"_s}});
     hidden_.notify();
+}
+
+void SimPanels::showOnboarding() {
+    onboarding_ = true;
+    if (host_ != nullptr)
+        host_->showOnboarding();
+}
+
+void SimPanels::closeOnboarding() {
+    onboarding_ = false;
+    if (host_ != nullptr)
+        host_->closeOnboarding();
 }
 
 Outcome SimLoginItem::registerItem() {

@@ -50,14 +50,17 @@ class SimPanels final : public platform::PanelHost {
 public:
     explicit SimPanels(Journal& journal) : journal_(journal) {}
 
+    // Lets somebody draw after all: every request goes there too. Null for nobody again.
+    void drawOn(platform::PanelHost* host);
+
     // The person clicks elsewhere.
     void clickOutside() { hidePopover(); }
     [[nodiscard]] bool isPopoverCreated() const { return created_; }
     [[nodiscard]] const platform::PopoverRoute& route() const { return route_; }
     [[nodiscard]] QRect popoverFrame() const { return frame_; }
 
-    void createPopover() override { created_ = true; }
-    [[nodiscard]] QSize popoverSize() const override { return {440, 600}; }
+    void createPopover() override;
+    [[nodiscard]] QSize popoverSize() const override { return {440, 620}; }
     [[nodiscard]] bool isPopoverShown() const override { return shown_; }
     void showPopover(const platform::PopoverRoute& route, const QRect& frame) override;
     void hidePopover() override;
@@ -66,11 +69,15 @@ public:
         return hidden_.add(std::move(hidden));
     }
     [[nodiscard]] bool isOnboardingShown() const override { return onboarding_; }
-    void showOnboarding() override { onboarding_ = true; }
-    void closeOnboarding() override { onboarding_ = false; }
+    void showOnboarding() override;
+    void closeOnboarding() override;
 
 private:
+    void noteHidden();
+
     Journal& journal_;
+    platform::PanelHost* host_ = nullptr;
+    platform::Observation hostHidden_;
     bool created_ = false;
     bool shown_ = false;
     bool onboarding_ = false;

@@ -43,6 +43,10 @@ Q_SIGNALS:
     void isSearchingChanged();
 
 private:
+    void run();
+    void publish(std::vector<SearchResult> results);
+    void setSearching(bool isSearching);
+
     platform::FileIndex& index_;
     platform::Scheduler& scheduler_;
     std::vector<SearchResult> results_;

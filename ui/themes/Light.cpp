@@ -4,14 +4,17 @@
 namespace skipnest::ui {
 
 const Palette lightPalette{
-    .window = QColor(0xf7f7f9),
+    .window = QColor(0xf4f6f7),
     .surface = QColor(0xffffff),
-    .border = QColor(0xd0d2d9),
-    .text = QColor(0x1b1d23),
-    .secondaryText = QColor(0x555a66),
-    .accent = QColor(0x2458d3),
+    .hover = QColor(0xe6ebed),
+    .border = QColor(0xc3ccd1),
+    .text = QColor(0x1a2226),
+    .secondaryText = QColor(0x53616a),
+    .accent = QColor(0x0b6478),
     .accentText = QColor(0xffffff),
-    .warning = QColor(0xa85b00),
+    .warning = QColor(0x8a5200),
+    .danger = QColor(0xad1f17),
+    .success = QColor(0x1a6b36),
 };
 
 } // namespace skipnest::ui

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "ui/PopoverModel.h"
+
+#include "app/AppDelegate.h"
+#include "app/MenuBarShell.h"
+#include "model/RecordId.h"
+
+#include <array>
+
+namespace skipnest::ui {
+
+using platform::PopoverRoute;
+using platform::PopoverScreen;
+
+PopoverModel::PopoverModel(app::AppDelegate& agent, QObject* parent)
+    : QObject(parent), agent_(agent), list_(std::make_unique<ShortcutListScreenModel>(agent)),
+      editor_(std::make_unique<ShortcutEditor>(agent)),
+      importer_(std::make_unique<ImportModel>(agent)),
+      exporter_(std::make_unique<ExportModel>(agent)),
+      settings_(std::make_unique<SettingsModel>(agent)),
+      feedback_(std::make_unique<FeedbackForm>(agent)) {
+    connect(editor_.get(), &ShortcutEditor::finished, this, &PopoverModel::back);
+}
+
+PopoverModel::~PopoverModel() = default;
+
+QString PopoverModel::screen() const {
+    return platform::screenName(route_.screen);
+}
+
+void PopoverModel::setRoute(const PopoverRoute& route) {
+    if (route.screen == PopoverScreen::add)
+        editor_->startAdd(route.targetPath);
+    show(route.screen);
+    route_ = route;
+}
+
+void PopoverModel::open(const QString& screen) {
+    constexpr auto all =
+        std::to_array({PopoverScreen::list, PopoverScreen::add, PopoverScreen::importing,
+                       PopoverScreen::exporting, PopoverScreen::settings, PopoverScreen::feedback});
+    for (const PopoverScreen each : all)
+        if (platform::screenName(each) == screen)
+            return setRoute({each, {}});
+}
+
+void PopoverModel::edit(const QString& id) {
+    if (const auto record = model::RecordId::fromText(id)) {
+        editor_->startEdit(*record);
+        show(PopoverScreen::add);
+    }
+}
+
+void PopoverModel::back() {
+    show(PopoverScreen::list);
+}
+
+void PopoverModel::close() {
+    agent_.shell().closePopover();
+}
+
+void PopoverModel::addDropped(const QStringList& urls) {
+    if (const auto added = agent_.shell().addDropped(urls); !added)
+        Q_EMIT problem(added.failure().detail);
+}
+
+void PopoverModel::wasHidden() {
+    editor_->pause();
+    settings_->pause();
+}
+
+void PopoverModel::show(PopoverScreen screen) {
+    const PopoverScreen before = std::exchange(route_.screen, screen);
+    route_.targetPath.clear();
+    if (before == screen)
+        return;
+    switch (before) {
+    case PopoverScreen::add:
+        editor_->cancel();
+        break;
+    case PopoverScreen::settings:
+        settings_->pause();
+        break;
+    case PopoverScreen::list:
+    case PopoverScreen::importing:
+    case PopoverScreen::exporting:
+    case PopoverScreen::feedback:
+        break;
+    }
+    switch (screen) {
+    case PopoverScreen::importing:
+        importer_->refresh();
+        break;
+    case PopoverScreen::exporting:
+        exporter_->reset();
+        break;
+    case PopoverScreen::settings:
+        settings_->refresh();
+        break;
+    case PopoverScreen::list:
+    case PopoverScreen::add:
+    case PopoverScreen::feedback:
+        break;
+    }
+    Q_EMIT screenChanged();
+}
+
+} // namespace skipnest::ui

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/PanelHost.h"
+#include "ui/editor/ShortcutEditor.h"
+#include "ui/feedback/FeedbackForm.h"
+#include "ui/list/ShortcutListScreenModel.h"
+#include "ui/settings/SettingsModel.h"
+#include "ui/transfer/ExportModel.h"
+#include "ui/transfer/ImportModel.h"
+
+#include <QObject>
+#include <QString>
+#include <qqmlintegration.h>
+
+#include <memory>
+
+namespace skipnest::app {
+class AppDelegate;
+}
+
+namespace skipnest::ui {
+
+// What the popover shows, and the way between its screens: "list", "add" (also edits), "import",
+// "export", "settings", "feedback". The list is home; every other screen goes back to it.
+class PopoverModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with the popover")
+    Q_PROPERTY(QString screen READ screen NOTIFY screenChanged)
+    Q_PROPERTY(skipnest::ui::ShortcutListScreenModel* list READ list CONSTANT)
+    Q_PROPERTY(skipnest::ui::ShortcutEditor* editor READ editor CONSTANT)
+    Q_PROPERTY(skipnest::ui::ImportModel* importer READ importer CONSTANT)
+    Q_PROPERTY(skipnest::ui::ExportModel* exporter READ exporter CONSTANT)
+    Q_PROPERTY(skipnest::ui::SettingsModel* settings READ settings CONSTANT)
+    Q_PROPERTY(skipnest::ui::FeedbackForm* feedback READ feedback CONSTANT)
+public:
+    explicit PopoverModel(app::AppDelegate& agent, QObject* parent = nullptr);
+    ~PopoverModel() override;
+
+    [[nodiscard]] QString screen() const;
+    [[nodiscard]] const platform::PopoverRoute& route() const { return route_; }
+    [[nodiscard]] ShortcutListScreenModel* list() const { return list_.get(); }
+    [[nodiscard]] ShortcutEditor* editor() const { return editor_.get(); }
+    [[nodiscard]] ImportModel* importer() const { return importer_.get(); }
+    [[nodiscard]] ExportModel* exporter() const { return exporter_.get(); }
+    [[nodiscard]] SettingsModel* settings() const { return settings_.get(); }
+    [[nodiscard]] FeedbackForm* feedback() const { return feedback_.get(); }
+
+    void setRoute(const platform::PopoverRoute& route);
+    // By a screen's name; an unknown one changes nothing.
+    Q_INVOKABLE void open(const QString& screen);
+    // The add screen for an existing record, by the text of its id.
+    Q_INVOKABLE void edit(const QString& id);
+    Q_INVOKABLE void back();
+    Q_INVOKABLE void close();
+    // Dropped on the popover: URLs of files and folders.
+    Q_INVOKABLE void addDropped(const QStringList& urls);
+    // The popover was hidden: recordings, searches and the like end.
+    void wasHidden();
+
+Q_SIGNALS:
+    void screenChanged();
+    // Something dropped or asked for could not be used; for the banner of the screen shown.
+    void problem(const QString& message);
+
+private:
+    void show(platform::PopoverScreen screen);
+
+    app::AppDelegate& agent_;
+    platform::PopoverRoute route_;
+    std::unique_ptr<ShortcutListScreenModel> list_;
+    std::unique_ptr<ShortcutEditor> editor_;
+    std::unique_ptr<ImportModel> importer_;
+    std::unique_ptr<ExportModel> exporter_;
+    std::unique_ptr<SettingsModel> settings_;
+    std::unique_ptr<FeedbackForm> feedback_;
+};
+
+} // namespace skipnest::ui

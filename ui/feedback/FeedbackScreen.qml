@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+import QtQuick
+import QtQuick.Layouts
+import Skipnest
+
+ScreenPage {
+    id: root
+
+    required property PopoverModel popover
+
+    title: qsTr("Feedback")
+    onBack: root.popover.back()
+}

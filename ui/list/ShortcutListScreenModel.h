@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <qqmlintegration.h>
+
+namespace skipnest::app {
+class AppDelegate;
+}
+
+namespace skipnest::ui {
+
+class ShortcutListScreenModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with the popover")
+public:
+    explicit ShortcutListScreenModel(app::AppDelegate& agent, QObject* parent = nullptr);
+
+private:
+    app::AppDelegate& agent_;
+};
+
+} // namespace skipnest::ui
