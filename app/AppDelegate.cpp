@@ -41,9 +41,9 @@ AppDelegate::AppDelegate(const platform::Ports& ports, Options options)
     : ports_(ports), options_(std::move(options)),
       storage_(ports.files, ports.diagnostics, ports.wallClock, ports.defaults, ports.app),
       hotkeys_(ports.hotkeys, ports.keyboardLayout, ports.diagnostics, ports.scheduler),
-      focus_(ports.workspace, ports.app.pid), switcher_(std::make_unique<NoSwitcher>()),
-      counter_(std::make_unique<NoCounter>()), jumps_(ports, focus_, *switcher_, *counter_),
-      cycler_(ports) {}
+      ledger_(hotkeys_, ports.desktopShortcuts), focus_(ports.workspace, ports.app.pid),
+      switcher_(std::make_unique<NoSwitcher>()), counter_(std::make_unique<NoCounter>()),
+      jumps_(ports, focus_, *switcher_, *counter_), cycler_(ports) {}
 
 AppDelegate::~AppDelegate() {
     *alive_ = false;
@@ -108,6 +108,7 @@ void AppDelegate::createShell() {
 
 // What need not be ready with the first key press.
 void AppDelegate::tidyAfterLaunch() {
+    ledger_.refresh();
     if (options_.setup == Options::Setup::countsAsDone)
         return;
     // The entry may have been removed, or point at where the program was; nobody asked for
@@ -156,6 +157,7 @@ void AppDelegate::rebuildHotkeys(const AppConfiguration& configuration) {
                     ports_.diagnostics.log(QStringLiteral("voice: this build does not listen yet"));
                 },
         });
+    ledger_.hotkeysRebuilt();
 }
 
 } // namespace skipnest::app

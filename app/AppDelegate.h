@@ -53,10 +53,10 @@ public:
     [[nodiscard]] hotkeys::JumpExecution& jumps() { return jumps_; }
     [[nodiscard]] hotkeys::WindowCycler& cycler() { return cycler_; }
     [[nodiscard]] platform::NotificationCenter& notifications() { return notifications_; }
+    [[nodiscard]] hotkeys::KeyLedger& ledger() { return ledger_; }
     // These exist from the launch on; panels may use them from createPopover() on.
     [[nodiscard]] model::ShortcutListViewModel& viewModel() { return *viewModel_; }
     [[nodiscard]] model::ShortcutTransfer& transfer() { return *transfer_; }
-    [[nodiscard]] hotkeys::KeyLedger& ledger() { return *ledger_; }
     [[nodiscard]] MenuBarShell& shell() { return *shell_; }
 
 private:
@@ -77,12 +77,12 @@ private:
     platform::NotificationCenter notifications_;
     model::StorageService storage_;
     hotkeys::HotkeyManager hotkeys_;
+    hotkeys::KeyLedger ledger_;
     hotkeys::FocusTracker focus_;
     std::unique_ptr<hotkeys::SwitcherGate> switcher_;
     std::unique_ptr<hotkeys::JumpCounter> counter_;
     hotkeys::JumpExecution jumps_;
     hotkeys::WindowCycler cycler_;
-    std::shared_ptr<hotkeys::KeyLedger> ledger_;
     std::unique_ptr<model::ShortcutListViewModel> viewModel_;
     std::unique_ptr<model::ShortcutTransfer> transfer_;
     std::unique_ptr<MenuBarShell> shell_;

@@ -3,6 +3,8 @@
 
 #include "app/HotkeyListing.h"
 #include "app/ShortcutVerbs.h"
+#include "app/TransferVerbs.h"
+#include "platform/PanelHost.h"
 
 #include <QStringBuilder>
 
@@ -33,6 +35,10 @@ QJsonValue arrivedJson(JumpArrival::Outcome outcome) {
     Q_UNREACHABLE();
 }
 
+QString shownName(bool isShown) {
+    return isShown ? QStringLiteral("shown") : QStringLiteral("hidden");
+}
+
 QString stateName(model::StorageState::Kind kind) {
     switch (kind) {
     case model::StorageState::Kind::missing:
@@ -61,6 +67,15 @@ void ControlCommands::handle(const QJsonObject& request, const ControlSocket::Re
         return reply(addVerb(agent_.viewModel(), agent_.ports().files, request));
     if (verb == u"remove")
         return reply(removeVerb(agent_.viewModel(), request));
+    if (verb == u"confirm")
+        return reply(confirmVerb(agent_.viewModel(), request));
+    if (verb == u"export")
+        return reply(exportVerb(agent_.transfer(), request));
+    if (verb == u"import")
+        return reply(
+            importVerb(agent_.transfer(), agent_.viewModel(), agent_.ports().files, request));
+    if (verb == u"popover")
+        return reply(popover(request));
     if (verb == u"list")
         return reply(ControlReply::success(listVerb(agent_.viewModel())));
     if (verb == u"restore")
@@ -83,7 +98,7 @@ void ControlCommands::handle(const QJsonObject& request, const ControlSocket::Re
 }
 
 void ControlCommands::jump(const QJsonObject& request, const ControlSocket::Reply& reply) {
-    const auto named = namedShortcut(agent_.viewModel(), request);
+    const auto named = confirmedShortcut(agent_.viewModel(), request);
     if (const auto* refusal = std::get_if<ControlReply>(&named))
         return reply(*refusal);
     const ShortcutItem& item = std::get<ShortcutItem>(named);
@@ -103,7 +118,7 @@ void ControlCommands::jump(const QJsonObject& request, const ControlSocket::Repl
 }
 
 ControlReply ControlCommands::hide(const QJsonObject& request) {
-    const auto named = namedShortcut(agent_.viewModel(), request);
+    const auto named = confirmedShortcut(agent_.viewModel(), request);
     if (const auto* refusal = std::get_if<ControlReply>(&named))
         return *refusal;
     const ShortcutItem& item = std::get<ShortcutItem>(named);
@@ -114,6 +129,20 @@ ControlReply ControlCommands::hide(const QJsonObject& request) {
 ControlReply ControlCommands::cycle(CycleDirection direction) {
     agent_.cycler().cycle(direction);
     return ControlReply::success(true);
+}
+
+ControlReply ControlCommands::popover(const QJsonObject& request) {
+    const QJsonValue target = request.value(u"add");
+    if (target.isUndefined()) {
+        agent_.shell().togglePopover();
+    } else if (const auto added = agent_.shell().addDropped({target.toString()}); !added) {
+        return ControlReply::failure(added.failure().detail);
+    }
+    const bool isShown = agent_.ports().panels.isPopoverShown();
+    return ControlReply::success(QJsonObject{
+        {QStringLiteral("shown"), isShown},
+        {QStringLiteral("screen"), screenName(agent_.shell().route().screen)},
+    });
 }
 
 ControlReply ControlCommands::restore(const QJsonObject& request) {
@@ -147,6 +176,8 @@ ControlReply ControlCommands::status() const {
         {QStringLiteral("shortcuts"), qint64(agent_.viewModel().shortcuts().size())},
         {QStringLiteral("hotkeys"), hotkeysJson(agent_.hotkeys().registered())},
         {QStringLiteral("refused"), refusedJson(agent_.hotkeys().refused())},
+        {QStringLiteral("popover"), shownName(ports.panels.isPopoverShown())},
+        {QStringLiteral("onboarding"), shownName(ports.panels.isOnboardingShown())},
         {QStringLiteral("timers"), QJsonArray::fromStringList(backend_.runningTimers())},
     };
     if (hotkeys.state != platform::Availability::State::available) {

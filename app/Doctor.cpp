@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/Doctor.h"
 
+#include "app/LocationCheck.h"
 #include "model/ConfigurationCoding.h"
 #include "model/StorageService.h"
+#include "platform/DesktopShortcuts.h"
+#include "platform/DistributedNotifications.h"
+#include "platform/FileIndex.h"
 #include "platform/Files.h"
 #include "platform/HotkeyBackend.h"
 #include "platform/KeyEvents.h"
+#include "platform/KeyboardCapture.h"
+#include "platform/LoginItem.h"
 #include "platform/ScriptRunner.h"
+#include "platform/ServicesMenu.h"
+#include "platform/StatusItem.h"
 #include "platform/Workspace.h"
 
 #include <QJsonObject>
@@ -53,6 +61,25 @@ Availability configurationRow(const platform::Ports& ports) {
             QStringLiteral("`skipnest restore` puts back the newest daily snapshot.")};
 }
 
+Availability searchRow(const platform::FileIndex& index) {
+    Availability row = index.availability();
+    if (row.state == Availability::State::limited)
+        row.reason += QStringLiteral(" %1 names are known.").arg(index.state().items);
+    return row;
+}
+
+Availability locationRow(const platform::AppInfo& app) {
+    if (app.applicationsFolder.isEmpty())
+        return {Availability::State::unavailable,
+                QStringLiteral("Programs run from anywhere on this system, so nothing is checked."),
+                QStringLiteral("None is needed.")};
+    if (misplacement(app))
+        return {Availability::State::limited,
+                u"Skipnest runs from " % app.bundlePath % u", where permissions do not last.",
+                u"Move it to " % app.applicationsFolder % u" and start it there."};
+    return {};
+}
+
 } // namespace
 
 std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
@@ -64,6 +91,14 @@ std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
         {QStringLiteral("keyboard events"), ports.keyEvents.availability()},
         {QStringLiteral("applications"), ports.workspace.availability()},
         {QStringLiteral("window cycling"), ports.scripts.availability()},
+        {QStringLiteral("status item"), ports.statusItem.availability()},
+        {QStringLiteral("recording a combo"), ports.keyboardCapture.availability()},
+        {QStringLiteral("desktop's shortcuts"), ports.desktopShortcuts.availability()},
+        {QStringLiteral("target search"), searchRow(ports.fileIndex)},
+        {QStringLiteral("launch at login"), ports.loginItem.availability()},
+        {QStringLiteral("file-manager menu"), ports.servicesMenu.availability()},
+        {QStringLiteral("debug hooks"), ports.distributedNotifications.availability()},
+        {QStringLiteral("program's place"), locationRow(ports.app)},
     };
 }
 
@@ -78,12 +113,13 @@ QJsonArray doctorJson(const std::vector<DoctorRow>& rows) {
 }
 
 QString doctorText(const std::vector<DoctorRow>& rows) {
+    constexpr qsizetype column = 21;
     QString text;
     for (const DoctorRow& row : rows) {
-        text += row.name.leftJustified(18) % stateName(row.availability.state) % u'\n';
+        text += row.name.leftJustified(column) % stateName(row.availability.state) % u'\n';
         for (const QString& line : {row.availability.reason, row.availability.remedy}) {
             if (!line.isEmpty())
-                text += QString(18, u' ') % line % u'\n';
+                text += QString(column, u' ') % line % u'\n';
         }
     }
     return text;

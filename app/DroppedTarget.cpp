@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QSysInfo>
 #include <QUrl>
 
 namespace skipnest::app {
@@ -39,7 +40,13 @@ QString pathOf(const QString& text) {
         return text;
     // A list of URLs ends its lines with a carriage return.
     const QUrl url(text.trimmed());
-    return url.isLocalFile() ? url.toLocalFile() : QString();
+    if (!url.isLocalFile())
+        return {};
+    // Some file managers name this computer in the URL.
+    const QString host = url.host();
+    const bool isHere = host.isEmpty() || host == u"localhost" ||
+                        host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+    return isHere ? url.path(QUrl::FullyDecoded) : QString();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/ShortcutVerbs.h"
 
+#include "app/DroppedTarget.h"
 #include "model/ComboRules.h"
 #include "model/ComboText.h"
 #include "platform/UsKeyboardLayout.h"
@@ -71,9 +72,13 @@ QJsonObject shortcutJson(const ShortcutItem& item) {
 
 ControlReply addVerb(model::ShortcutListViewModel& list, platform::Files& files,
                      const QJsonObject& request) {
-    const QString path = request.value(u"path").toString();
-    if (!path.startsWith(u'/'))
-        return ControlReply::failure(QStringLiteral("add needs an absolute path"));
+    QString path = request.value(u"path").toString();
+    if (!path.startsWith(u'/')) {
+        const auto target = droppedTarget({path}, files);
+        if (const auto* refusal = std::get_if<DropRefusal>(&target))
+            return ControlReply::failure(refusalText(*refusal));
+        path = std::get<QString>(target);
+    }
     if (files.kind(path) == platform::FileKind::none)
         return ControlReply::failure(path % u" does not exist");
     if (const auto known = list.find(path))
@@ -98,6 +103,15 @@ ControlReply removeVerb(model::ShortcutListViewModel& list, const QJsonObject& r
     return ControlReply::success(shortcutJson(item));
 }
 
+ControlReply confirmVerb(model::ShortcutListViewModel& list, const QJsonObject& request) {
+    const auto named = namedShortcut(list, request);
+    if (const auto* refusal = std::get_if<ControlReply>(&named))
+        return *refusal;
+    const ShortcutItem& item = std::get<ShortcutItem>(named);
+    list.confirm(item.id);
+    return ControlReply::success(shortcutJson(item));
+}
+
 QJsonArray listVerb(const model::ShortcutListViewModel& list) {
     QJsonArray items;
     for (const ShortcutItem& item : list.shortcuts())
@@ -118,9 +132,23 @@ ControlReply restoreVerb(model::StorageService& storage, const QJsonObject& requ
     return ControlReply::success(QJsonObject{{QStringLiteral("restored"), *restored}});
 }
 
-std::variant<ShortcutItem, ControlReply> namedShortcut(const model::ShortcutListViewModel& list,
-                                                       const QJsonObject& request) {
+NamedShortcut confirmedShortcut(const model::ShortcutListViewModel& list,
+                                const QJsonObject& request) {
+    NamedShortcut named = namedShortcut(list, request);
+    const auto* item = std::get_if<ShortcutItem>(&named);
+    if (item == nullptr || list.isConfirmed(item->id))
+        return named;
+    return ControlReply::failure(u'"' % item->name % u"\" was imported and runs a program from " %
+                                 item->targetPath %
+                                 u"; confirm it first, in the list or with `skipnest confirm`");
+}
+
+NamedShortcut namedShortcut(const model::ShortcutListViewModel& list, const QJsonObject& request) {
     const QString name = request.value(u"name").toString();
+    if (const auto id = model::RecordId::fromText(name)) {
+        if (const auto item = list.item(*id))
+            return *item;
+    }
     const std::vector<ShortcutItem> matches = list.findByName(name);
     if (matches.size() == 1)
         return matches.front();

@@ -20,10 +20,14 @@ ExitStatus runRestore(const Arguments& arguments, const Context& context);
 ExitStatus runNextWindow(const Arguments& arguments, const Context& context);
 ExitStatus runPreviousWindow(const Arguments& arguments, const Context& context);
 ExitStatus runStatus(const Arguments& arguments, const Context& context);
+ExitStatus runPopover(const Arguments& arguments, const Context& context);
 ExitStatus runQuit(const Arguments& arguments, const Context& context);
 // To the running agent, else on the configuration file.
 ExitStatus runAdd(const Arguments& arguments, const Context& context);
 ExitStatus runRemove(const Arguments& arguments, const Context& context);
 ExitStatus runList(const Arguments& arguments, const Context& context);
+ExitStatus runConfirm(const Arguments& arguments, const Context& context);
+ExitStatus runExport(const Arguments& arguments, const Context& context);
+ExitStatus runImport(const Arguments& arguments, const Context& context);
 
 } // namespace skipnest::cli

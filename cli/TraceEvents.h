@@ -106,6 +106,7 @@ struct PressHotkey { // hotkey
 struct PressButton { // press
     QString button;
 };
+struct LeavePanel {}; // panelKeyLost, and click with "outside"
 struct AnswerScript { // script
     QString receiver;
     platform::ScriptAnswer answer;
@@ -114,11 +115,11 @@ struct Wait { // wait
     platform::Instant until;
 };
 
-using What =
-    std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust, DeclareApp, QuitApp,
-                 BringToFront, AddShortcut, AddFile, AddFolder, RemovePath, SetBookmark,
-                 SetDefaultApplication, RefuseCombo, RefuseHandler, IgnoreHide, Start,
-                 ChangeModifiers, PressKey, PressHotkey, PressButton, AnswerScript, Wait>;
+using What = std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust, DeclareApp,
+                          QuitApp, BringToFront, AddShortcut, AddFile, AddFolder, RemovePath,
+                          SetBookmark, SetDefaultApplication, RefuseCombo, RefuseHandler,
+                          IgnoreHide, Start, ChangeModifiers, PressKey, PressHotkey, PressButton,
+                          LeavePanel, AnswerScript, Wait>;
 
 struct Event {
     std::optional<platform::Instant> at; // absent: as soon as the one before is done

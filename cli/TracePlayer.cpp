@@ -249,6 +249,11 @@ Outcome TracePlayer::play(const PressButton& event, Instant) {
     return Done{};
 }
 
+Outcome TracePlayer::play(const LeavePanel&, Instant) {
+    desk_.panels().clickOutside();
+    return Done{};
+}
+
 Outcome TracePlayer::play(const AnswerScript& event, Instant) {
     desk_.scripts().setAnswer(event.receiver, event.answer);
     return Done{};

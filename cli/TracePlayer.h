@@ -55,6 +55,7 @@ private:
     platform::Outcome play(const PressKey& event, platform::Instant seen);
     platform::Outcome play(const PressHotkey& event, platform::Instant seen);
     platform::Outcome play(const PressButton& event, platform::Instant seen);
+    platform::Outcome play(const LeavePanel& event, platform::Instant seen);
     platform::Outcome play(const AnswerScript& event, platform::Instant seen);
     platform::Outcome play(const Wait& event, platform::Instant seen);
 

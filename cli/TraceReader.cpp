@@ -139,6 +139,12 @@ Result<What> press(const QJsonObject& event) {
     return What(PressButton{button});
 }
 
+Result<What> click(const QJsonObject& event) {
+    if (!event[u"outside"_s].toBool())
+        return malformed(u"\"click\" needs \"outside\": true"_s);
+    return What(LeavePanel{});
+}
+
 Result<What> script(const QJsonObject& event) {
     if (event.contains(u"output"_s) == event.contains(u"error"_s))
         return malformed(u"\"script\" needs either \"output\" or \"error\""_s);
@@ -222,6 +228,8 @@ constexpr auto builders = std::to_array<Builder>({
          return What(PressHotkey{combo(e[u"key"_s]).value_or(KeyCombo{})});
      }},
     {u"press", press},
+    {u"panelKeyLost", [](const QJsonObject&) -> Result<What> { return What(LeavePanel{}); }},
+    {u"click", click},
     {u"script", script},
     {u"wait",
      [](const QJsonObject& e) -> Result<What> { return What(Wait{instant(e[u"until"_s])}); }},

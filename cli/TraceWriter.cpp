@@ -180,6 +180,9 @@ QJsonObject json(const PressHotkey& e) {
 QJsonObject json(const PressButton& e) {
     return named(u"press"_s, {{u"button"_s, e.button}});
 }
+QJsonObject json(const LeavePanel&) {
+    return named(u"panelKeyLost"_s);
+}
 QJsonObject json(const AnswerScript& e) {
     QJsonObject event = named(u"script"_s, {{u"to"_s, e.receiver}});
     if (const auto* output = std::get_if<platform::ScriptText>(&e.answer))

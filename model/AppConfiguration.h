@@ -69,8 +69,14 @@ struct AppConfiguration {
     }
     // An unknown name is the brand theme too; the name itself is kept.
     [[nodiscard]] Theme themeOrDefault() const;
+    // Reports are sent only after the person agreed.
+    [[nodiscard]] bool crashReportsOrDefault() const { return crashReports.value_or(false); }
+    [[nodiscard]] bool preciseWindowSwitchingOrDefault() const {
+        return preciseWindowSwitching.value_or(false);
+    }
     // Pressing the shortcut of the application in front opens the switcher.
     [[nodiscard]] bool windowSwitcherOrDefault() const { return windowSwitcher.value_or(true); }
+    [[nodiscard]] bool quickCaptureOrDefault() const { return quickCapture.value_or(true); }
     [[nodiscard]] bool browserTabSwitchingOrDefault() const {
         return browserTabSwitching.value_or(true);
     }
@@ -78,6 +84,15 @@ struct AppConfiguration {
     // ⌃⌥V
     [[nodiscard]] KeyCombo voiceComboOrDefault() const {
         return voiceCombo.value_or(KeyCombo{9, ModifierFlags::control | ModifierFlags::option});
+    }
+    // A locale such as "de-DE"; empty: the person's own language, with English beside it.
+    [[nodiscard]] QString voiceLanguageOrDefault() const {
+        return voiceLanguage.value_or(QString());
+    }
+    [[nodiscard]] bool voiceCleanupOrDefault() const { return voiceCleanup.value_or(true); }
+    // "command", "option", "shift" or "off"; any other text counts as "command".
+    [[nodiscard]] QString voiceTriggerOrDefault() const {
+        return voiceTrigger.value_or(QStringLiteral("command"));
     }
 
     bool operator==(const AppConfiguration&) const = default;

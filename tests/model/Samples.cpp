@@ -52,6 +52,10 @@ platform::AppInfo appInfo() {
     platform::AppInfo app;
     app.supportFolder = QStringLiteral("/home/me/Skipnest");
     app.liteConfig = QStringLiteral("/home/me/Lite/config.json");
+    app.installedApplications = {QStringLiteral("/Applications")};
+    app.downloadsFolder = QStringLiteral("/home/me/Downloads");
+    app.desktopFolder = QStringLiteral("/home/me/Schreibtisch");
+    app.documentsFolder = QStringLiteral("/home/me/Documents");
     return app;
 }
 

@@ -215,6 +215,24 @@ TEST_F(ShortcutList, oneHeardTextHasOneMeaning) {
     model_->addAlias(s("  "), s("nothing"));
     model_->addAlias(s("nothing"), s("\n"));
     EXPECT_EQ(aliases(), (QStringList{s("straße>Street"), s("Cloud>Claude")}));
+    model_->removeAlias(s("STRASSE"));
+    model_->removeAlias(s("STRAßE"));
+    EXPECT_EQ(aliases(), QStringList{s("Cloud>Claude")});
+}
+
+TEST_F(ShortcutList, aTermStandsOnce) {
+    open({});
+    const auto terms = [this] {
+        return decodeConfiguration(*files_.content(configPath))->vocabularyTerms;
+    };
+    model_->addTerm(s(" Skipnest\n"));
+    model_->addTerm(s("Größe"));
+    model_->addTerm(s("SkipNest"));
+    model_->addTerm(s(" \t"));
+    EXPECT_EQ(terms(), (QStringList{s("SkipNest"), s("Größe")}));
+    model_->removeTerm(s("grösse"));
+    model_->removeTerm(s(" GRÖßE"));
+    EXPECT_EQ(terms(), QStringList{s("SkipNest")});
 }
 
 TEST_F(ShortcutList, findsByPathAndByName) {

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "app/ControlCommands.h"
+#include "model/ConfigurationCoding.h"
+#include "platform/sim/SimDesktop.h"
+#include "tests/hotkeys/Combos.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gmock/gmock.h>
+
+namespace skipnest::app {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+// The verbs of the running agent, as they come over the socket.
+class VerbsTest : public testing::Test {
+protected:
+    VerbsTest() {
+        agent.launch();
+        desk.runPosted();
+    }
+    std::string ask(const char* request) {
+        QJsonObject answer;
+        commands.handle(QJsonDocument::fromJson(request).object(),
+                        [&answer](const ControlReply& reply) { answer = reply.toJson(); });
+        desk.runPosted();
+        return QJsonDocument(answer).toJson(QJsonDocument::Compact).toStdString();
+    }
+    void put(const char* path, const std::vector<model::ShortcutItem>& items) {
+        model::AppConfiguration document;
+        document.shortcuts = items;
+        ASSERT_TRUE(desk.addFile(QString::fromUtf8(path), encodeConfiguration(document)));
+    }
+
+    sim::SimDesktop desk;
+    AppDelegate agent{desk.ports(),
+                      {.setup = AppDelegate::Options::Setup::countsAsDone, .quit = {}}};
+    ControlCommands commands{agent, desk, {}};
+};
+
+TEST_F(VerbsTest, thePopoverIsToggledAndOpenedOnAFile) {
+    ASSERT_TRUE(desk.addFile(u"/tmp/a b.txt"_s));
+    EXPECT_THAT(ask(R"({"verb":"popover"})"), HasSubstr(R"({"screen":"list","shown":true})"));
+    EXPECT_THAT(ask(R"({"verb":"status"})"), HasSubstr(R"("popover":"shown")"));
+    EXPECT_THAT(ask(R"({"verb":"popover"})"), HasSubstr(R"("shown":false)"));
+    EXPECT_THAT(ask(R"({"verb":"popover","add":"file:///tmp/a%20b.txt"})"),
+                HasSubstr(R"({"screen":"add","shown":true})"));
+    EXPECT_EQ(desk.panels().route().targetPath, u"/tmp/a b.txt"_s);
+    EXPECT_THAT(ask(R"({"verb":"popover","add":"/tmp/gone"})"),
+                HasSubstr("“/tmp/gone” is not there any more."));
+    EXPECT_THAT(ask(R"({"verb":"popover","add":7})"), HasSubstr(R"("ok":false)"));
+}
+
+TEST_F(VerbsTest, whatIsExportedComesBack) {
+    ASSERT_TRUE(desk.addFile(u"/tmp/x.txt"_s));
+    EXPECT_THAT(ask(R"({"verb":"add","path":"file:///tmp/x.txt","key":"ctrl+opt+x"})"),
+                HasSubstr(R"("targetPath":"/tmp/x.txt")"));
+    EXPECT_THAT(ask(R"({"verb":"add","path":"https://example.com"})"),
+                HasSubstr("is not a file or folder"));
+    EXPECT_THAT(ask(R"({"verb":"export","path":"/tmp/out.json"})"),
+                HasSubstr(R"({"path":"/tmp/out.json"})"));
+    EXPECT_THAT(ask(R"({"verb":"export"})"), HasSubstr(R"(\"targetPath\": \"/tmp/x.txt\")"));
+    EXPECT_THAT(ask(R"({"verb":"export","path":"out.json"})"), HasSubstr("absolute path"));
+    ask(R"({"verb":"remove","name":"x"})");
+    EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/out.json"})"),
+                HasSubstr(R"({"added":1,"conflicting":0,"imported":1,"unchanged":0,)"
+                          R"("unconfirmed":[],"updated":0})"));
+    EXPECT_TRUE(desk.pressHotkey(test::pressed("ctrl+opt+x")));
+}
+
+TEST_F(VerbsTest, aRefusedImportSaysWhatIsWrong) {
+    ASSERT_TRUE(desk.addFile(u"/tmp/bad.json"_s, R"({"version":1,"shortcuts":[]})"));
+    EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/bad.json"})"),
+                testing::AllOf(HasSubstr("That file couldn't be read as a Skipnest export - pick "
+                                         "another one. ("),
+                               HasSubstr("launchAtLogin")));
+    EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/none.json"})"), HasSubstr(R"("ok":false)"));
+}
+
+TEST_F(VerbsTest, anUnconfirmedApplicationRunsOnlyWhenConfirmed) {
+    desk.installApp({.name = u"Evil"_s, .path = u"/tmp/Evil.app"_s});
+    put("/tmp/in.json", {test::shortcut("Evil", "/tmp/Evil.app", "ctrl+opt+e")});
+    EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/in.json"})"),
+                HasSubstr(R"("unconfirmed":["Evil"])"));
+    desk.journal().clear();
+    for (const char* verb : {R"({"verb":"jump","name":"Evil"})", R"({"verb":"hide","name":"ev"})"})
+        EXPECT_THAT(ask(verb), HasSubstr("confirm it first"));
+    EXPECT_THAT(desk.journal().calls(), testing::IsEmpty());
+    EXPECT_THAT(ask(R"({"verb":"confirm","name":"Evil"})"), HasSubstr(R"("ok":true)"));
+    ask(R"({"verb":"jump","name":"Evil"})");
+    EXPECT_THAT(desk.journal().calls(), testing::ElementsAre(StartsWith("openApplication")));
+}
+
+TEST_F(VerbsTest, twoOfOneNameAreToldApartById) {
+    ASSERT_TRUE(agent.viewModel().merge(
+        {test::shortcut("Twin", "/tmp/1"), test::shortcut("Twin", "/tmp/2")}));
+    EXPECT_THAT(ask(R"({"verb":"remove","name":"Twin"})"), HasSubstr("several shortcuts match"));
+    const model::ShortcutItem second = agent.viewModel().shortcuts()[1];
+    const QByteArray request =
+        R"({"verb":"remove","name":")" + second.id.text().toLower().toUtf8() + "\"}";
+    EXPECT_THAT(ask(request.constData()), HasSubstr(R"("ok":true)"));
+    EXPECT_FALSE(agent.viewModel().item(second.id));
+}
+
+} // namespace
+} // namespace skipnest::app
