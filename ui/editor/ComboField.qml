@@ -27,13 +27,14 @@ FocusScope {
             id: box
 
             readonly property bool recording: field.recorder.recording
-            readonly property var shownKeys: recording ? field.recorder.heldKeys : field.recorder.keys
+            readonly property var keys: field.recorder.keys
+            readonly property var shownKeys: recording ? field.recorder.heldKeys : keys
 
             objectName: field.objectName + "Box"
             focus: true
             width: parent.width
             height: Theme.controlHeight + 4
-            name: recording ? qsTr("%1: press the keys").arg(field.name) : field.recorder.keys.length > 0 ? qsTr("%1: %2").arg(field.name).arg(field.recorder.keys.join("+")) : qsTr("%1: %2").arg(field.name).arg(field.placeholder)
+            name: recording ? qsTr("%1: press the keys").arg(field.name) : keys.length > 0 ? qsTr("%1: %2").arg(field.name).arg(keys.join("+")) : qsTr("%1: %2").arg(field.name).arg(field.placeholder)
 
             Accessible.description: recording ? qsTr("Escape ends the recording") : qsTr("Press to record a key")
 

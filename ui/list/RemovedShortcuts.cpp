@@ -27,8 +27,9 @@ bool RemovedShortcuts::undo() {
         return false;
     const Removed last = removed_.back();
     removed_.pop_back();
-    // The way of an import: it keeps the id, where adding would make a new one.
-    const bool isBack = list_.merge({last.item}).ok();
+    // An import or a restored snapshot may have brought it back in the meantime. The way of an
+    // import is also ours: it keeps the id, where adding would make a new one.
+    const bool isBack = !list_.item(last.item.id) && list_.merge({last.item}).ok();
     if (isBack) {
         // What the person had confirmed is not asked for again.
         if (last.wasConfirmed)

@@ -26,7 +26,9 @@ public:
 
     [[nodiscard]] bool isOffered() const { return !removed_.empty(); }
     // Of the record that undo() would put back; empty where there is none.
-    [[nodiscard]] QString name() const { return isOffered() ? removed_.back().item.name : QString(); }
+    [[nodiscard]] QString name() const {
+        return isOffered() ? removed_.back().item.name : QString();
+    }
 
 Q_SIGNALS:
     void changed();

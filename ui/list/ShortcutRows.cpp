@@ -33,11 +33,9 @@ QVariant ShortcutRows::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ShortcutRows::roleNames() const {
-    return {{idRole, "recordId"},       {nameRole, "name"},
-            {pathRole, "path"},         {placeRole, "place"},
-            {keysRole, "keys"},         {hideKeysRole, "hideKeys"},
-            {noteRole, "note"},         {noteKindRole, "noteKind"},
-            {isConfirmedRole, "isConfirmed"}};
+    return {{idRole, "recordId"}, {nameRole, "name"},         {pathRole, "path"},
+            {placeRole, "place"}, {keysRole, "keys"},         {hideKeysRole, "hideKeys"},
+            {noteRole, "note"},   {noteKindRole, "noteKind"}, {isConfirmedRole, "isConfirmed"}};
 }
 
 } // namespace skipnest::ui
