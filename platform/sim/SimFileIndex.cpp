@@ -17,7 +17,7 @@ QString folded(const QString& text) {
     for (const QChar c : text.normalized(QString::NormalizationForm_D))
         if (!c.isMark())
             plain += c;
-    return plain.toCaseFolded();
+    return plain.toCaseFolded().replace(QChar(u'\u00DF'), QStringLiteral("ss"));
 }
 
 } // namespace

@@ -117,6 +117,23 @@ TEST_F(FileIndexTest, FollowsWhatHappensInTheFolders) {
     EXPECT_TRUE(becomes("skizze", {"home/Archiv/alt/Skizze.svg"}));
 }
 
+TEST_F(FileIndexTest, AFolderReplacedInOneGoIsReadAndWatchedAfresh) {
+    start();
+    ASSERT_TRUE(QDir(place("home/Projekte")).removeRecursively());
+    write("home/Projekte/alt/Nachfolger.svg");
+    EXPECT_TRUE(becomes("nachfolger", {"home/Projekte/alt/Nachfolger.svg"}));
+    EXPECT_THAT(found("skizze"), IsEmpty());
+    write("home/Projekte/alt/Danach.svg");
+    EXPECT_TRUE(becomes("danach", {"home/Projekte/alt/Danach.svg"}));
+}
+
+TEST_F(FileIndexTest, WithoutAHomeItIsDoneAndHasTheApplications) {
+    folders.home = place("missing");
+    folders.userFolders.clear();
+    start();
+    EXPECT_THAT(found("editor"), ElementsAre("share/applications/editor.desktop"));
+}
+
 TEST_F(FileIndexTest, AStartFromTheCacheKnowsWhatChangedMeanwhile) {
     start();
     index.reset();

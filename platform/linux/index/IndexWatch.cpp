@@ -44,6 +44,12 @@ void IndexWatch::forget(const std::string& folder) {
     });
 }
 
+void IndexWatch::Changes::add(Changes other) {
+    folders.merge(other.folders);
+    arrived.merge(other.arrived);
+    wereLost = wereLost || other.wereLost;
+}
+
 IndexWatch::Changes IndexWatch::take() {
     Changes changes;
     alignas(inotify_event) std::array<char, 16384> buffer;
@@ -61,10 +67,13 @@ IndexWatch::Changes IndexWatch::take() {
             const auto watched = paths_.find(event.wd);
             if (watched == paths_.end())
                 continue;
-            if ((event.mask & IN_IGNORED) != 0)
+            if ((event.mask & IN_IGNORED) != 0) {
                 paths_.erase(watched);
-            else if (event.len > 0 && !FolderReader::isLeftOut(name))
+            } else if (event.len > 0 && !FolderReader::isLeftOut(name)) {
                 changes.folders.insert(watched->second);
+                if ((event.mask & IN_ISDIR) != 0 && (event.mask & (IN_CREATE | IN_MOVED_TO)) != 0)
+                    changes.arrived.insert(inside(watched->second, name));
+            }
         }
     }
 }

@@ -30,7 +30,11 @@ public:
 
     struct Changes {
         std::set<std::string> folders;
+        // Folders that came into one of those. What had the same path before was another one.
+        std::set<std::string> arrived;
         bool wereLost = false; // more came than the kernel keeps: any folder may have changed
+
+        void add(Changes other);
     };
     [[nodiscard]] Changes take();
 

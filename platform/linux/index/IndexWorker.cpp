@@ -45,12 +45,11 @@ std::string encoded(const QString& path) {
 
 // A scan of everything, a folder at a time.
 struct IndexWorker::Scan {
-    Scan(FolderReader& reader, FolderScan::Entered entered, bool isFirstScan)
-        : folders(builder, reader, std::move(entered)), isFirst(isFirstScan) {}
+    Scan(FolderReader& reader, FolderScan::Entered entered)
+        : folders(builder, reader, std::move(entered)) {}
 
     NameTableBuilder builder;
     FolderScan folders;
-    const bool isFirst; // the store holds at most a part of what this one has read
     std::size_t nextOffer = firstOffer;
 };
 
@@ -91,7 +90,7 @@ void IndexWorker::run() {
         if (isAsked(Request::scan) && !scan_)
             beginScan();
         waitForWork();
-        if (scan_)
+        if (scan_ && !isStopping_)
             goOnScanning();
     }
 }
@@ -99,7 +98,7 @@ void IndexWorker::run() {
 void IndexWorker::goOnScanning() {
     if (!scan_->folders.step()) {
         finishScan();
-    } else if (scan_->isFirst && scan_->builder.size() >= scan_->nextOffer) {
+    } else if (!isComplete_ && scan_->builder.size() >= scan_->nextOffer) {
         scan_->nextOffer *= offerGrowth;
         store_ = NameStore(scan_->builder.build());
         applyTitles();
@@ -151,9 +150,10 @@ void IndexWorker::loadCache() {
         if (cached == now) {
             store_ = NameStore(*std::move(table));
             watchKnownFolders();
+            isComplete_ = true;
         }
     }
-    if (store_.base().rootCount() == 0)
+    if (!isComplete_)
         beginScan();
     applyTitles();
     report();
@@ -166,7 +166,7 @@ void IndexWorker::watchKnownFolders() {
     const auto look = [&](const std::string& path, std::uint32_t time) {
         watch_.watch(path);
         if (const std::uint32_t now = FolderReader::timeOf(path); now != 0 && now != time)
-            changed_.insert(path);
+            changed_.folders.insert(path);
     };
     for (NameTable::Id root = 0; root < table.rootCount(); ++root)
         look(std::string(table.root(root)), table.rootTime(root));
@@ -196,19 +196,20 @@ void IndexWorker::beginScan() {
     mounted_ = MountedFolders::read(folders_.mountTable, folders_.driveFolders);
     const QStringList paths = roots();
     reader_ = readerFor(paths);
-    scan_ = std::make_unique<Scan>(
-        *reader_, [this](const std::string& path) { watch_.watch(path); },
-        store_.base().rootCount() == 0);
+    scan_ =
+        std::make_unique<Scan>(*reader_, [this](const std::string& path) { watch_.watch(path); });
     for (const QString& path : paths) {
         const std::string root = encoded(path);
         scan_->folders.add(root, scan_->builder.addRoot(root));
     }
-    changedInScan_.clear();
+    changedInScan_ = {};
 }
 
 void IndexWorker::finishScan() {
+    isCut_ = scan_->builder.isFull();
     NameTable table = scan_->builder.build();
     scan_.reset();
+    isComplete_ = true;
     const auto saved = saveNames(table, folders_.cacheFile);
     saveFailure_ = saved ? std::string() : saved.failure().detail.toStdString();
     // The mapped file takes the place of our own memory.
@@ -216,7 +217,7 @@ void IndexWorker::finishScan() {
         table = *std::move(mapped);
     store_ = NameStore(std::move(table));
     applyTitles();
-    changed_.merge(changedInScan_);
+    changed_.add(std::exchange(changedInScan_, {}));
     rereadChanged();
     report();
 }
@@ -224,15 +225,15 @@ void IndexWorker::finishScan() {
 void IndexWorker::rereadChanged() {
     isNoticeSent_ = false;
     if (scan_)
-        changedInScan_.insert(changed_.begin(), changed_.end());
-    const std::set<std::string> folders = std::exchange(changed_, {});
+        changedInScan_.add(changed_);
+    const IndexWatch::Changes changes = std::exchange(changed_, {});
     // What the first scan has not reached yet would be taken for new.
-    if (folders.empty() || (scan_ && scan_->isFirst))
+    if (changes.folders.empty() || !isComplete_)
         return;
     const StoreUpdate update{*reader_, [this](const std::string& path) { watch_.watch(path); },
                              [this](const std::string& path) { watch_.forget(path); },
                              [this] { return isStopping_.load(); }};
-    auto changed = update.reread(store_, folders);
+    auto changed = update.reread(store_, changes.folders, changes.arrived);
     if (!changed)
         return;
     store_ = *std::move(changed);
@@ -278,13 +279,13 @@ void IndexWorker::takeChanges() {
     IndexWatch::Changes changes = watch_.take();
     if (changes.wereLost)
         ask(Request::scan);
-    changed_.merge(changes.folders);
-    if (!changed_.empty() && !std::exchange(isNoticeSent_, true))
+    changed_.add(std::move(changes));
+    if (!changed_.folders.empty() && !std::exchange(isNoticeSent_, true))
         sink_.noticed(Noticed::folders);
 }
 
 void IndexWorker::report() {
-    sink_.report({store_, scan_ != nullptr || store_.base().rootCount() == 0, availability()});
+    sink_.report({store_, scan_ != nullptr || !isComplete_, availability()});
 }
 
 platform::Availability IndexWorker::availability() const {
@@ -296,6 +297,11 @@ platform::Availability IndexWorker::availability() const {
                            "are found only after all folders were read again."),
             QStringLiteral("Raise fs.inotify.max_user_watches and "
                            "fs.inotify.max_user_instances with sysctl, then start again.")};
+    if (isCut_)
+        return {State::limited,
+                QStringLiteral("There are more names than the index holds; the rest is not found."),
+                QStringLiteral("Put a file named CACHEDIR.TAG into large folders that need not be "
+                               "found.")};
     if (!saveFailure_.empty())
         return {State::limited,
                 QStringLiteral("The list of names could not be saved (%1), so that the next start "

@@ -81,8 +81,10 @@ private:
     std::unique_ptr<Scan> scan_;
     NameStore store_;
     std::vector<Title> applications_;
-    std::set<std::string> changed_;
-    std::set<std::string> changedInScan_;
+    IndexWatch::Changes changed_;
+    IndexWatch::Changes changedInScan_; // what the table that is being read may not know
+    bool isComplete_ = false; // the store is more than what the first scan has read so far
+    bool isCut_ = false;      // there were more names than fit
     bool isNoticeSent_ = false;
     std::string saveFailure_;
 

@@ -65,32 +65,34 @@ public:
     explicit Difference(const NameStore& store)
         : store_(store), gone_(store.gone()), isRemoved_(store.recent().size()) {}
 
-    [[nodiscard]] bool isEmpty() const { return isEmpty_; }
+    [[nodiscard]] bool isEmpty() const { return added_.empty() && !hasRemoved_; }
 
     void compare(Id folder, const std::string& path, const std::vector<Id>& known,
-                 std::vector<FolderEntry> entries,
-                 const std::function<void(const std::string&)>& left) {
+                 std::vector<FolderEntry> entries, const std::set<std::string>& arrived) {
         std::map<std::pair<std::string_view, bool>, Id> knownByName;
         for (const Id id : known)
             knownByName.emplace(std::pair(store_.name(id), store_.isFolder(id)), id);
         for (FolderEntry& entry : entries) {
-            if (knownByName.erase({entry.name, entry.kind == Kind::folder}) == 0) {
-                isEmpty_ = false;
-                added_.push_back({folder, path, std::move(entry)});
-            }
+            const bool isSame = !entry.isEntered || !arrived.contains(inside(path, entry.name));
+            if (isSame && knownByName.erase({entry.name, entry.kind == Kind::folder}) != 0)
+                continue;
+            added_.push_back({folder, path, std::move(entry)});
         }
         for (const auto& [what, id] : knownByName) {
-            isEmpty_ = false;
             if (what.second)
-                left(inside(path, what.first));
+                left_.push_back(inside(path, what.first));
             if (id < base())
                 gone_[id] = true;
             else
                 isRemoved_[id - base()] = true;
+            hasRemoved_ = true;
         }
     }
 
     [[nodiscard]] NameStore applied(const StoreUpdate& update) const {
+        // Before new ones are watched: a renamed folder keeps its watch under the other path.
+        for (const std::string& path : left_)
+            update.left(path);
         const NameTable& recent = store_.recent();
         std::vector<Id> kept(recent.size()); // their provisional ids
         Id count = 0;
@@ -133,18 +135,20 @@ private:
     NameStore::Gone gone_;
     std::vector<bool> isRemoved_;
     std::vector<Added> added_;
-    bool isEmpty_ = true;
+    std::vector<std::string> left_;
+    bool hasRemoved_ = false;
 };
 
 } // namespace
 
 std::optional<NameStore> StoreUpdate::reread(const NameStore& store,
-                                             const std::set<std::string>& folders) const {
+                                             const std::set<std::string>& folders,
+                                             const std::set<std::string>& arrived) const {
     KnownChildren known(store, folders);
     Difference difference(store);
     for (const auto& [id, path] : known.folders()) {
         if (auto contents = reader.read(path))
-            difference.compare(id, path, known.of(id), std::move(contents->entries), left);
+            difference.compare(id, path, known.of(id), std::move(contents->entries), arrived);
     }
     if (difference.isEmpty())
         return std::nullopt;

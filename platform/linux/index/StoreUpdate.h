@@ -19,9 +19,11 @@ struct StoreUpdate {
     std::function<bool()> isStopping;
 
     // Nothing where the folders hold what the store says. Folders that the store does not know are
-    // left to the one above them.
+    // left to the one above them. Those that `arrived` are read with everything below, even where
+    // the store has a folder of that path.
     [[nodiscard]] std::optional<NameStore> reread(const NameStore& store,
-                                                  const std::set<std::string>& folders) const;
+                                                  const std::set<std::string>& folders,
+                                                  const std::set<std::string>& arrived) const;
 };
 
 } // namespace skipnest::linuxdesktop
