@@ -33,6 +33,7 @@ protected:
     }
     void TearDown() override {
         grab.reset();
+        EXPECT_TRUE(runTool("xset r rate 660 25"));
         InputDesk::TearDown();
     }
     [[nodiscard]] bool start() {

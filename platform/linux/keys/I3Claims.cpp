@@ -98,14 +98,16 @@ void Reader::line(const QString& text, const QString& folder, int depth) {
     }
     const auto [word, rest] = cut(text);
     if (word == u"set" || word == u"set_from_resource") {
-        const auto [name, value] = cut(rest);
+        const auto variable = cut(rest);
+        const QString& name = variable.first;
+        const QString& value = variable.second;
         if (!name.startsWith(u'$') || name.size() < 2)
             return;
         // The second form names a resource and then what holds without it.
         const QString chosen = replaced(unquoted(word == u"set" ? value : cut(value).second));
         if (chosen.size() > longestValue)
             return;
-        std::erase_if(variables_, [&](const auto& variable) { return variable.first == name; });
+        std::erase_if(variables_, [&](const auto& known) { return known.first == name; });
         variables_.emplace_back(name, chosen);
         std::ranges::stable_sort(variables_, [](const auto& a, const auto& b) {
             return a.first.size() > b.first.size();

@@ -16,6 +16,10 @@ using platform::KeyboardGrab;
 
 namespace {
 
+using namespace std::chrono_literals;
+
+// The two halves of a repeat have one time, but may be read one after the other.
+constexpr platform::Duration longestRepeatGap = 5ms;
 // xset goes up to 255 repeats a second.
 constexpr xcb_timestamp_t shortestRepeatMilliseconds = 3;
 
@@ -94,7 +98,7 @@ X11KeyboardCapture::capture(platform::KeyboardCaptureEvents& events) {
 void X11KeyboardCapture::noteKeysDown() {
     down_.clear();
     lastRelease_.reset();
-    pending_.clear();
+    forgetPending();
     xcb_connection_t* connection = display_.connection();
     const XcbPtr<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
@@ -104,6 +108,11 @@ void X11KeyboardCapture::noteKeysDown() {
     }
 }
 
+void X11KeyboardCapture::forgetPending() {
+    pending_.clear();
+    releaseWait_.reset();
+}
+
 void X11KeyboardCapture::release() {
     xcb_connection_t* connection = display_.connection();
     // Where the grab was lost, the keyboard may be another grab's of this very connection.
@@ -111,14 +120,14 @@ void X11KeyboardCapture::release() {
         const auto cookie = xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
         ungrabSequence_ = static_cast<std::uint16_t>(cookie.sequence);
     }
-    pending_.clear();
+    forgetPending();
     xcb_unmap_window(connection, window_);
     // Until the server hears of it, nobody on the desktop can type.
     xcb_flush(connection);
 }
 
 void X11KeyboardCapture::lost() {
-    pending_.clear();
+    forgetPending();
     if (auto* events = std::exchange(events_, nullptr))
         events->captureLost();
 }
@@ -192,8 +201,10 @@ void X11KeyboardCapture::keyPressed(const xcb_key_press_event_t& event) {
                           event.time - lastRelease_->pressed >= shortestRepeatMilliseconds;
     const bool isRepeat = isOldKey || down_.contains(event.detail);
     // The server tells a repeat as a release and a press: the first half is taken back.
-    if (isOldKey && !pending_.empty() && pending_.back().kind == CapturedKey::Kind::up)
+    if (isOldKey && releaseWait_) {
         pending_.pop_back();
+        releaseWait_.reset();
+    }
     down_.emplace(event.detail, isOldKey ? lastRelease_->pressed : event.time);
     if (const ModifierKey* key = keymap_.current().modifierKey(event.detail)) {
         modifierChanged(*key, event);
@@ -236,6 +247,14 @@ void X11KeyboardCapture::modifierChanged(const ModifierKey& key,
 
 void X11KeyboardCapture::deliverSoon(const CapturedKey& key) {
     pending_.push_back(key);
+    if (key.kind == CapturedKey::Kind::up) {
+        releaseWait_ = scheduler_.after(longestRepeatGap, "key release", [this] {
+            releaseWait_.reset();
+            deliver();
+        });
+        return;
+    }
+    releaseWait_.reset();
     scheduler_.post([this, alive = std::weak_ptr(alive_)] {
         if (!alive.expired())
             deliver();
@@ -246,7 +265,8 @@ void X11KeyboardCapture::deliver() {
     const auto alive = std::weak_ptr(alive_);
     const std::uint64_t serial = serial_;
     // Each may end the capture.
-    while (!alive.expired() && serial == serial_ && events_ != nullptr && !pending_.empty()) {
+    while (!alive.expired() && serial == serial_ && events_ != nullptr &&
+           pending_.size() > (releaseWait_ ? 1 : 0)) {
         const CapturedKey key = pending_.front();
         pending_.pop_front();
         events_->keyCaptured(key);

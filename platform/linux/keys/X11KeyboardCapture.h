@@ -49,6 +49,7 @@ private:
     void noteKeysDown();
     void deliverSoon(const platform::CapturedKey& key);
     void deliver();
+    void forgetPending();
     void lost();
     void release();
 
@@ -64,6 +65,8 @@ private:
     // Told by post, after everybody else on this connection has seen the press: a hotkey that is
     // registered in answer to it must not fire for it.
     std::deque<platform::CapturedKey> pending_;
+    // The newest release waits until it cannot be the first half of a repeat any more.
+    platform::Timer releaseWait_;
     // Of the newest grab and ungrab request: the focus events that they cause carry these.
     std::optional<std::uint16_t> grabSequence_;
     std::optional<std::uint16_t> ungrabSequence_;
