@@ -3,6 +3,7 @@
 
 #include "app/LocationCheck.h"
 #include "platform/Diagnostics.h"
+#include "platform/FileIndex.h"
 #include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
 #include "platform/ServicesMenu.h"
@@ -109,6 +110,7 @@ void AppDelegate::createShell() {
 // What need not be ready with the first key press.
 void AppDelegate::tidyAfterLaunch() {
     ledger_.refresh();
+    ports_.fileIndex.prepare();
     if (options_.setup == Options::Setup::countsAsDone)
         return;
     // The entry may have been removed, or point at where the program was; nobody asked for

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/MenuBarShell.h"
 
-#include "app/DroppedTarget.h"
 #include "app/PopoverPlacement.h"
 #include "platform/Alerts.h"
 #include "platform/Diagnostics.h"
@@ -174,19 +173,24 @@ void MenuBarShell::finishOnboarding() {
     ports_.panels.closeOnboarding();
 }
 
-platform::Outcome MenuBarShell::addDropped(const QStringList& urls) {
+std::optional<DropRefusal> MenuBarShell::openFirst(const QStringList& urls) {
     const auto target = droppedTarget(urls, ports_.files);
     if (const auto* refusal = std::get_if<DropRefusal>(&target))
-        return platform::Failure{platform::Failure::Kind::notFound, refusalText(*refusal)};
+        return *refusal;
     showPopover({platform::PopoverScreen::add, std::get<QString>(target)});
+    return std::nullopt;
+}
+
+platform::Outcome MenuBarShell::addDropped(const QStringList& urls) {
+    if (const auto refusal = openFirst(urls))
+        return platform::Failure{platform::Failure::Kind::notFound, refusalText(*refusal)};
     return platform::Done{};
 }
 
 void MenuBarShell::dropped(const QStringList& urls) {
-    const auto target = droppedTarget(urls, ports_.files);
-    const auto* refusal = std::get_if<DropRefusal>(&target);
-    if (refusal == nullptr)
-        return showPopover({platform::PopoverScreen::add, std::get<QString>(target)});
+    const auto refusal = openFirst(urls);
+    if (!refusal)
+        return;
     ports_.alerts.show({QCoreApplication::translate("MenuBarShell", "This cannot get a key"),
                         translatedRefusal(*refusal),
                         {QCoreApplication::translate("MenuBarShell", "OK")}},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "app/DroppedTarget.h"
 #include "model/ShortcutListViewModel.h"
 #include "platform/NotificationCenter.h"
 #include "platform/PanelHost.h"
@@ -60,6 +61,7 @@ private:
     void statusMenuChosen(int id) override;
     void dropped(const QStringList& urls) override;
 
+    [[nodiscard]] std::optional<DropRefusal> openFirst(const QStringList& urls);
     void toggle(bool show);
     void popoverHidden();
     void rebuildMenu();

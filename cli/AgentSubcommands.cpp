@@ -179,6 +179,10 @@ ExitStatus runImport(const Arguments& arguments, const Context& context) {
     QTemporaryFile copy;
     if (file == u"-" ||
         (QFileInfo::exists(path) && !QFileInfo(path).isFile() && !QFileInfo(path).isDir())) {
+        // Without an agent this process goes on as another program, which must find the pipe
+        // unread.
+        if (!askAgent(context.runtimeFolder, verb("status")))
+            (void)context.backend();
         const auto bytes = readInput(file, model::largestConfiguration);
         if (!bytes)
             return ExitStatus::failed;

@@ -89,7 +89,9 @@ TEST_F(MenuBarShellTest, theMenuOffersTheFirstBoundTargetsAndWhatThisProgramCanD
 }
 
 TEST_F(MenuBarShellTest, anUnconfirmedApplicationIsNotInTheMenu) {
-    ASSERT_TRUE(agent.viewModel().merge({test::shortcut("Evil", "/tmp/Evil.app", "ctrl+opt+e")}));
+    model::ShortcutItem evil = test::shortcut("Evil", "/tmp/Evil.app", "ctrl+opt+e");
+    evil.createdAt = desk.wallClock().nowUtc();
+    ASSERT_TRUE(agent.viewModel().merge({evil}));
     EXPECT_FALSE(desk.statusItem().menuTitles().contains(u"Evil"_s));
     EXPECT_FALSE(desk.pressHotkey(test::pressed("ctrl+opt+e")));
     agent.viewModel().confirm(agent.viewModel().shortcuts().front().id);

@@ -30,10 +30,10 @@ protected:
         desk.runPosted();
         return QJsonDocument(answer).toJson(QJsonDocument::Compact).toStdString();
     }
-    void put(const char* path, const std::vector<model::ShortcutItem>& items) {
-        model::AppConfiguration document;
-        document.shortcuts = items;
-        ASSERT_TRUE(desk.addFile(QString::fromUtf8(path), encodeConfiguration(document)));
+    model::ShortcutItem item(const char* name, const char* path, const char* key = nullptr) {
+        model::ShortcutItem item = test::shortcut(name, path, key);
+        item.createdAt = desk.wallClock().nowUtc();
+        return item;
     }
 
     sim::SimDesktop desk;
@@ -55,35 +55,29 @@ TEST_F(VerbsTest, thePopoverIsToggledAndOpenedOnAFile) {
     EXPECT_THAT(ask(R"({"verb":"popover","add":7})"), HasSubstr(R"("ok":false)"));
 }
 
-TEST_F(VerbsTest, whatIsExportedComesBack) {
+TEST_F(VerbsTest, whatIsExportedComesBackWithItsHotkey) {
     ASSERT_TRUE(desk.addFile(u"/tmp/x.txt"_s));
-    EXPECT_THAT(ask(R"({"verb":"add","path":"file:///tmp/x.txt","key":"ctrl+opt+x"})"),
-                HasSubstr(R"("targetPath":"/tmp/x.txt")"));
-    EXPECT_THAT(ask(R"({"verb":"add","path":"https://example.com"})"),
-                HasSubstr("is not a file or folder"));
+    ask(R"({"verb":"add","path":"file:///tmp/x.txt","key":"ctrl+opt+x"})");
     EXPECT_THAT(ask(R"({"verb":"export","path":"/tmp/out.json"})"),
                 HasSubstr(R"({"path":"/tmp/out.json"})"));
-    EXPECT_THAT(ask(R"({"verb":"export"})"), HasSubstr(R"(\"targetPath\": \"/tmp/x.txt\")"));
     EXPECT_THAT(ask(R"({"verb":"export","path":"out.json"})"), HasSubstr("absolute path"));
     ask(R"({"verb":"remove","name":"x"})");
     EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/out.json"})"),
                 HasSubstr(R"({"added":1,"conflicting":0,"imported":1,"unchanged":0,)"
                           R"("unconfirmed":[],"updated":0})"));
     EXPECT_TRUE(desk.pressHotkey(test::pressed("ctrl+opt+x")));
-}
 
-TEST_F(VerbsTest, aRefusedImportSaysWhatIsWrong) {
     ASSERT_TRUE(desk.addFile(u"/tmp/bad.json"_s, R"({"version":1,"shortcuts":[]})"));
     EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/bad.json"})"),
-                testing::AllOf(HasSubstr("That file couldn't be read as a Skipnest export - pick "
-                                         "another one. ("),
-                               HasSubstr("launchAtLogin")));
+                testing::ContainsRegex("pick another one\\. \\(.*launchAtLogin"));
     EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/none.json"})"), HasSubstr(R"("ok":false)"));
 }
 
 TEST_F(VerbsTest, anUnconfirmedApplicationRunsOnlyWhenConfirmed) {
     desk.installApp({.name = u"Evil"_s, .path = u"/tmp/Evil.app"_s});
-    put("/tmp/in.json", {test::shortcut("Evil", "/tmp/Evil.app", "ctrl+opt+e")});
+    model::AppConfiguration document;
+    document.shortcuts = {item("Evil", "/tmp/Evil.app", "ctrl+opt+e")};
+    ASSERT_TRUE(desk.addFile(u"/tmp/in.json"_s, encodeConfiguration(document)));
     EXPECT_THAT(ask(R"({"verb":"import","path":"/tmp/in.json"})"),
                 HasSubstr(R"("unconfirmed":["Evil"])"));
     desk.journal().clear();
@@ -96,8 +90,7 @@ TEST_F(VerbsTest, anUnconfirmedApplicationRunsOnlyWhenConfirmed) {
 }
 
 TEST_F(VerbsTest, twoOfOneNameAreToldApartById) {
-    ASSERT_TRUE(agent.viewModel().merge(
-        {test::shortcut("Twin", "/tmp/1"), test::shortcut("Twin", "/tmp/2")}));
+    ASSERT_TRUE(agent.viewModel().merge({item("Twin", "/tmp/1"), item("Twin", "/tmp/2")}));
     EXPECT_THAT(ask(R"({"verb":"remove","name":"Twin"})"), HasSubstr("several shortcuts match"));
     const model::ShortcutItem second = agent.viewModel().shortcuts()[1];
     const QByteArray request =

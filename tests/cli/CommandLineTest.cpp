@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <gmock/gmock.h>
 
@@ -158,8 +159,38 @@ TEST_F(CommandLineTest, withoutAnAgentTheListIsChangedInTheFile) {
     EXPECT_EQ(items[0][u"name"].toString(), u"other");
 }
 
+TEST_F(CommandLineTest, withoutAnAgentExportsTravelByFileAndByPipe) {
+    const QString target = file("Größe\n.txt", {});
+    const QString url = QUrl::fromLocalFile(target).toString(QUrl::FullyEncoded);
+    EXPECT_EQ(run({QStringLiteral("add"), url}).status, 0);
+    EXPECT_THAT(run({QStringLiteral("add"), QStringLiteral("https://example.com/x")}).err,
+                HasSubstr("is not a file or folder on this computer"));
+    const Finished exported = run({QStringLiteral("export")});
+    EXPECT_THAT(exported.out, StartsWith("{\n    \"launchAtLogin\": false,\n"));
+    const QString path = home.filePath(QStringLiteral("Skipnest-Export.json"));
+    EXPECT_THAT(run({QStringLiteral("export"), path}).out, HasSubstr("{\"path\":\"/"));
+    QFile written(path);
+    ASSERT_TRUE(written.open(QFile::ReadOnly));
+    EXPECT_EQ(written.readAll().toStdString(), exported.out);
+
+    EXPECT_THAT(run({QStringLiteral("import"), path}).out, HasSubstr("\"unchanged\":1"));
+    const Finished piped =
+        run({QStringLiteral("import"), QStringLiteral("-")},
+            R"({"version":1,"launchAtLogin":true,"menuBarIconName":"x","shortcuts":[{"id":)"
+            R"("00000000-0000-4000-8000-000000000001","name":"Evil","targetPath":)"
+            R"("/tmp/Evil.desktop","targetType":"file","sortOrder":0,)"
+            R"("createdAt":"2026-01-01T00:00:00Z"}]})");
+    EXPECT_THAT(piped.out, testing::AllOf(HasSubstr("\"imported\":1"),
+                                          HasSubstr("\"unconfirmed\":[\"Evil\"]")));
+    EXPECT_EQ(run({QStringLiteral("confirm"), QStringLiteral("Evil")}).status, 0);
+    EXPECT_THAT(run({QStringLiteral("import"), path}).out, HasSubstr("\"unconfirmed\":[]"));
+    EXPECT_EQ(run({QStringLiteral("import"), home.path()}).status, 1);
+    EXPECT_THAT(run({QStringLiteral("import"), target}).err, HasSubstr("couldn't be read"));
+    EXPECT_EQ(run({QStringLiteral("export"), home.path()}).status, 1);
+}
+
 TEST_F(CommandLineTest, verbsOfTheAgentSayThatNoneRuns) {
-    for (const char* verb : {"status", "quit", "next-window"}) {
+    for (const char* verb : {"status", "quit", "next-window", "popover"}) {
         const Finished finished = run({QString::fromLatin1(verb)});
         EXPECT_EQ(finished.status, 1);
         EXPECT_THAT(finished.err, HasSubstr("no agent runs"));
@@ -182,7 +213,7 @@ TEST_F(CommandLineTest, helpVersionAndDoctorNeedNoDisplay) {
             << row[u"name"].toString().toStdString();
         EXPECT_EQ(row[u"remedy"].toString().isEmpty(), works);
     }
-    EXPECT_GE(rows.size(), 7);
+    EXPECT_GE(rows.size(), 15);
 }
 
 TEST_F(CommandLineTest, replayRunsTheWholeAgentAndNamesABadLine) {
@@ -202,6 +233,10 @@ TEST_F(CommandLineTest, replayRunsTheWholeAgentAndNamesABadLine) {
             HasSubstr(R"({"t":0,"print":"[Skipnest] Failed to register hotkey Ctrl + Opt + V)"),
             HasSubstr(R"({"t":1.5,"call":"openApplication","path":"/N.app"})"),
             HasSubstr(R"("hotkeys":[{"action":"jump","id":4,"item":"Notes")")));
+    const Finished left = run({QStringLiteral("replay"), QStringLiteral("-")},
+                              "{\"do\":\"start\"}\n{\"do\":\"panelKeyLost\"}\n");
+    EXPECT_THAT(left.out,
+                testing::AllOf(HasSubstr("\"panel\":null"), testing::Not(HasSubstr("didOnboard"))));
     const Finished bad = run({QStringLiteral("replay"), QStringLiteral("-")},
                              "{\"at\":2,\"do\":\"start\"}\n{\"at\":1,\"do\":\"start\"}\n");
     EXPECT_EQ(bad.status, 1);

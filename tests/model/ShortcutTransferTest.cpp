@@ -211,26 +211,22 @@ TEST_F(ShortcutTransferTest, brokenFilesChangeNothing) {
     const QByteArray before = *files.content(configPath);
     const QByteArray whole = encodeConfiguration(documentOf({"b 0 /b"}));
     const QString path = s("/home/me/import.json");
-    const struct {
-        QByteArray bytes;
-        const char* message;
-    } rows[] = {
-        {"", "That file couldn't be read as a Skipnest export - pick another one."},
-        {whole.first(whole.size() / 2),
-         "That file couldn't be read as a Skipnest export - pick another one."},
-        {QByteArray(whole).replace("\"file\"", "\"window\""),
-         "That file couldn't be read as a Skipnest export - pick another one."},
-        {QByteArray("\xff\xfe\x00{", 4),
-         "That file couldn't be read as a Skipnest export - pick another one."},
+    const QString unreadable =
+        s("That file couldn't be read as a Skipnest export - pick another one.");
+    const std::vector<std::pair<QByteArray, QString>> rows = {
+        {"", unreadable},
+        {whole.first(whole.size() / 2), unreadable},
+        {QByteArray(whole).replace("\"file\"", "\"window\""), unreadable},
+        {QByteArray("\xff\xfe\x00{", 4), unreadable},
         {QByteArray((16 << 20) + 1, ' '),
-         "That file is larger than 16 MB, and no Skipnest export is."},
+         s("That file is larger than 16 MB, and no Skipnest export is.")},
     };
-    for (const auto& row : rows) {
-        files.put(path, row.bytes);
+    for (const auto& [bytes, message] : rows) {
+        files.put(path, bytes);
         const auto imported = transfer->importFile(path);
-        ASSERT_FALSE(imported) << row.bytes.left(40).toStdString();
-        EXPECT_EQ(imported.failure().detail, s(row.message));
-        EXPECT_FALSE(transfer->preview(row.bytes));
+        ASSERT_FALSE(imported) << bytes.left(40).toStdString();
+        EXPECT_EQ(imported.failure().detail, message);
+        EXPECT_FALSE(transfer->preview(bytes));
     }
     EXPECT_FALSE(transfer->importFile(s("/home/me/gone.json")));
     EXPECT_EQ(*files.content(configPath), before);
