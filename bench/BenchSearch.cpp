@@ -315,5 +315,5 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     using skipnest::bench::numberOption;
     return skipnest::bench::SearchBench(numberOption("names", 1'000'000))
-        .run(numberOption("rounds", 500));
+        .run(numberOption("rounds", 200));
 }

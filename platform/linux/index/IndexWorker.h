@@ -11,8 +11,6 @@
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <mutex>
-#include <set>
 #include <string>
 #include <thread>
 
@@ -35,7 +33,7 @@ public:
     // Both are called on its thread.
     struct Sink {
         std::function<void(Report)> report;
-        // Once; again after the request that answers it.
+        // `folders` once, and again after the request that answers it; `mounts` at each change.
         std::function<void(Noticed)> noticed;
     };
 

@@ -35,7 +35,7 @@ public:
     [[nodiscard]] Gone gone() const { return gone_ ? *gone_ : Gone(base_.size()); }
     [[nodiscard]] std::int64_t size() const;
 
-    // As the port asks; everything but the application's part of it in name order.
+    // The best items in the order that platform::FileIndex promises.
     [[nodiscard]] std::vector<platform::IndexedFile> search(const platform::FileQuery& query) const;
 
     [[nodiscard]] std::string_view name(Id id) const;
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] std::string path(Id id) const;
     // The folder or root of this path, if it is listed and alive.
     [[nodiscard]] std::optional<Id> find(std::string_view path) const;
-    // A parent from the large table that has gone is not asked for here.
+    // By itself; what it lies in is not looked at.
     [[nodiscard]] bool isGone(Id id) const { return id < base_.size() && gone_ && (*gone_)[id]; }
 
 private:

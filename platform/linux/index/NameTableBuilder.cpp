@@ -90,84 +90,115 @@ NameTableBuilder::Folding NameTableBuilder::fold() const {
     return folding;
 }
 
-NameTable NameTableBuilder::build() const {
-    const Folding folding = fold();
-    NameTableHeader header;
-    header.items = static_cast<std::uint32_t>(items_.size());
-    header.roots = static_cast<std::uint32_t>(roots_.size());
-    header.foldedBytes = folding.pool.size();
-    for (std::uint32_t item = 0; item < items_.size(); ++item) {
-        header.folders += items_[item].kind == Kind::folder ? 1 : 0;
-        if (nameOf(items_[item]) != folding.of(item))
-            header.spelledBytes += nameOf(items_[item]).size() + 1;
+// The memory of a table, filled block by block.
+class NameTableBuilder::Writer {
+public:
+    Writer(const NameTableBuilder& builder, const Folding& folding)
+        : builder_(builder), folding_(folding), header_(headerOf(builder, folding)),
+          at_(NameTableLayout::of(header_)),
+          memory_(std::make_shared<std::vector<std::uint64_t>>(at_.total / 8)),
+          start_(reinterpret_cast<char*>(memory_->data())), folded_(start_ + at_.folded),
+          spelled_(start_ + at_.spelled), time_(section<std::uint32_t>(at_.times)),
+          placeOf_(header_.items) {
+        for (Id place = 0; place < header_.items; ++place)
+            placeOf_[folding.order[place].item] = place;
     }
-    for (const std::string& root : roots_)
-        header.rootBytes += root.size() + 1;
 
-    const NameTableLayout at = NameTableLayout::of(header);
-    const auto memory = std::make_shared<std::vector<std::uint64_t>>(at.total / 8);
-    char* const start = reinterpret_cast<char*>(memory->data());
-    auto* const blocks = reinterpret_cast<NameBlock*>(start + at.blocks);
-    auto* const grams = reinterpret_cast<std::uint64_t*>(start + at.grams);
-    auto* const parents = reinterpret_cast<Id*>(start + at.parents);
-    auto* times = reinterpret_cast<std::uint32_t*>(start + at.times);
-    char* folded = start + at.folded;
-    char* spelled = start + at.spelled;
-    char* roots = start + at.roots;
-    const auto append = [](char*& end, std::string_view text) {
+    [[nodiscard]] NameTable written() && {
+        for (std::size_t index = 0; index <= at_.blockCount; ++index)
+            writeBlock(index);
+        char* roots = start_ + at_.roots;
+        for (std::size_t root = 0; root < builder_.roots_.size(); ++root) {
+            append(roots, builder_.roots_[root]);
+            *time_++ = builder_.rootTimes_[root];
+        }
+        std::memcpy(start_, &header_, sizeof header_);
+        header_.checksum = nameTableChecksum({start_, at_.total});
+        std::memcpy(start_, &header_, sizeof header_);
+        return NameTable::adopt({memory_, {start_, at_.total}});
+    }
+
+private:
+    static NameTableHeader headerOf(const NameTableBuilder& builder, const Folding& folding) {
+        NameTableHeader header;
+        header.items = static_cast<std::uint32_t>(builder.items_.size());
+        header.roots = static_cast<std::uint32_t>(builder.roots_.size());
+        header.foldedBytes = folding.pool.size();
+        for (std::uint32_t number = 0; number < header.items; ++number) {
+            const Item& item = builder.items_[number];
+            header.folders += item.kind == Kind::folder ? 1 : 0;
+            if (builder.nameOf(item) != folding.of(number))
+                header.spelledBytes += builder.nameOf(item).size() + 1;
+        }
+        for (const std::string& root : builder.roots_)
+            header.rootBytes += root.size() + 1;
+        return header;
+    }
+
+    template <typename Value> Value* section(std::size_t offset) {
+        return reinterpret_cast<Value*>(start_ + offset);
+    }
+    static void append(char*& end, std::string_view text) {
         end = std::ranges::copy(text, end).out;
         *end++ = 0;
-    };
+    }
 
-    std::vector<Id> placeOf(items_.size());
-    for (Id place = 0; place < header.items; ++place)
-        placeOf[folding.order[place].item] = place;
-
-    std::uint32_t folders = 0;
-    for (std::size_t index = 0; index <= at.blockCount; ++index) {
-        NameBlock& block = blocks[index];
-        block.folded =
-            static_cast<std::uint32_t>(folded - start - static_cast<std::ptrdiff_t>(at.folded));
-        block.spelled =
-            static_cast<std::uint32_t>(spelled - start - static_cast<std::ptrdiff_t>(at.spelled));
-        block.folders = folders;
-        std::bitset<GramSlots::slots> present;
+    // The one behind the last holds where that ends, and no names.
+    void writeBlock(std::size_t index) {
+        NameBlock& block = section<NameBlock>(at_.blocks)[index];
+        block.folded = static_cast<std::uint32_t>(folded_ - (start_ + at_.folded));
+        block.spelled = static_cast<std::uint32_t>(spelled_ - (start_ + at_.spelled));
+        block.folders = folders_;
         const std::size_t first = index * NameBlock::names;
-        for (std::size_t place = first;
-             place < std::min<std::size_t>(first + NameBlock::names, header.items); ++place) {
-            const std::uint32_t number = folding.order[place].item;
-            const Item& item = items_[number];
-            const std::string_view name = nameOf(item);
-            const std::string_view foldedText = folding.of(number);
-            append(folded, foldedText);
-            if (name != foldedText) {
-                append(spelled, name);
-                block.spelledMask |= std::uint64_t{1} << (place - first);
-            }
-            if (item.kind == Kind::folder) {
-                block.folderMask |= std::uint64_t{1} << (place - first);
-                times[folders++] = item.time;
-            }
-            const bool isOwn = item.parent >= firstId_ && item.parent < NameTable::firstRoot;
-            parents[place] = isOwn ? firstId_ + placeOf[item.parent - firstId_] : item.parent;
-            addGrams(foldedText, present);
+        const std::size_t end = std::min<std::size_t>(first + NameBlock::names, header_.items);
+        std::bitset<GramSlots::slots> grams;
+        for (std::size_t place = first; place < end; ++place) {
+            const std::uint32_t number = folding_.order[place].item;
+            writeName(place, number, block);
+            addGrams(folding_.of(number), grams);
         }
-        if (index == at.blockCount)
-            break;
-        for (std::size_t slot = 0; slot < GramSlots::slots; ++slot) {
-            if (present.test(slot))
-                grams[slot * at.gramWords + index / 64] |= std::uint64_t{1} << (index % 64);
+        auto* const bits = section<std::uint64_t>(at_.grams);
+        for (std::size_t slot = 0; slot < GramSlots::slots && first < end; ++slot) {
+            if (grams.test(slot))
+                bits[slot * at_.gramWords + index / 64] |= std::uint64_t{1} << (index % 64);
         }
     }
-    times += header.folders;
-    for (std::size_t root = 0; root < roots_.size(); ++root) {
-        append(roots, roots_[root]);
-        times[root] = rootTimes_[root];
+
+    void writeName(std::size_t place, std::uint32_t number, NameBlock& block) {
+        const Item& item = builder_.items_[number];
+        const std::uint64_t bit = std::uint64_t{1} << (place % NameBlock::names);
+        append(folded_, folding_.of(number));
+        if (const std::string_view name = builder_.nameOf(item); name != folding_.of(number)) {
+            append(spelled_, name);
+            block.spelledMask |= bit;
+        }
+        if (item.kind == Kind::folder) {
+            block.folderMask |= bit;
+            *time_++ = item.time;
+            ++folders_;
+        }
+        const Id firstId = builder_.firstId_;
+        const bool isOwn = item.parent >= firstId && item.parent < NameTable::firstRoot;
+        section<Id>(at_.parents)[place] =
+            isOwn ? firstId + placeOf_[item.parent - firstId] : item.parent;
     }
-    std::memcpy(start, &header, sizeof header);
-    header.checksum = nameTableChecksum({start, at.total});
-    std::memcpy(start, &header, sizeof header);
-    return NameTable::adopt({memory, {start, at.total}});
+
+    const NameTableBuilder& builder_;
+    const Folding& folding_;
+    NameTableHeader header_;
+    const NameTableLayout at_;
+    const std::shared_ptr<std::vector<std::uint64_t>> memory_;
+    char* const start_;
+    char* folded_;
+    char* spelled_;
+    std::uint32_t* time_;
+    std::uint32_t folders_ = 0;
+    std::vector<Id> placeOf_; // by number
+};
+
+NameTable NameTableBuilder::build() const {
+    const Folding folding = fold();
+    return Writer(*this, folding).written();
 }
 
 } // namespace skipnest::linuxdesktop

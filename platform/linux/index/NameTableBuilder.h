@@ -40,6 +40,7 @@ private:
         Kind kind = Kind::file;
     };
     struct Folding;
+    class Writer;
     [[nodiscard]] std::string_view nameOf(const Item& item) const { return &names_[item.name]; }
     [[nodiscard]] Folding fold() const;
 
