@@ -1,85 +1,333 @@
 // SPDX-License-Identifier: Apache-2.0
-// Draws the screens into PNG files: skipnest_screens FOLDER [THEME [SCREEN]]. Scale by
-// QT_SCALE_FACTOR, language by LANGUAGE, as for any Qt program.
+// Draws the screens into PNG files, FOLDER/SCREEN-THEME.png. Scale by QT_SCALE_FACTOR, as for any
+// Qt program.
 #include "tests/ui/UiStage.h"
 
 #include "app/MenuBarShell.h"
 #include "model/KeyCombo.h"
+#include "ui/Translations.h"
 
 #include <QCommandLineParser>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLocale>
+#include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
 
+#include <array>
 #include <cstdio>
 
 namespace {
 
 using namespace skipnest;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 using model::KeyCombo;
 using model::ModifierFlags;
+using platform::Availability;
+using platform::CarbonModifiers;
+using platform::EventFlags;
+using platform::IndexedFile;
+using platform::PopoverScreen;
+using Setup = test::UiStage::Setup;
+using Stage = test::UiStage;
 
-// A list as a person might have it, with what is hard to draw: umlauts, a long name, an emoji, a
-// name from right to left.
-void furnish(test::UiStage& stage) {
+constexpr ModifierFlags controlOption = ModifierFlags::control | ModifierFlags::option;
+constexpr std::uint32_t carbonControlOption = CarbonModifiers::control | CarbonModifiers::option;
+constexpr std::uint64_t controlOptionHeld = EventFlags::control | EventFlags::alternate;
+
+struct Sample {
+    QStringView path;
+    std::optional<std::uint16_t> keyCode;
+};
+
+constexpr auto usualShortcuts = std::to_array<Sample>({
+    {u"/Applications/Notes.app", 45},
+    {u"/Applications/Firefox.app", 3},
+    {u"/Applications/Terminal.app", 17},
+    {u"/Applications/Mail.app", 46},
+    {u"/Applications/Calendar.app", 8},
+    {u"/Users/person/Documents/Invoices", 34},
+    {u"/Users/person/Documents/Household budget.ods", 11},
+    {u"/Users/person/Downloads", 2},
+});
+
+// What is hard to draw: umlauts, long words, an emoji, a name from right to left, no key, a key
+// that two have.
+constexpr auto hardShortcuts = std::to_array<Sample>({
+    {u"/Users/person/Documents/Verträge und Geburtstagsüberraschungen 2026", 9},
+    {u"/Users/person/Documents/Donaudampfschifffahrtsgesellschaftskapitänsmütze.odt", 1},
+    {u"/Users/person/Documents/🎉 Party.txt", std::nullopt},
+    {u"/Users/person/Documents/תוכנית.txt", 46},
+    {u"/Applications/Mail.app", 46},
+});
+
+void furnish(Stage& stage) {
     auto& desk = stage.desk();
-    for (const QString& name :
-         {u"Notes"_s, u"Firefox"_s, u"Terminal"_s, u"Mail"_s, u"Kalender"_s, u"Musik"_s})
-        desk.installApp({.name = name, .path = u"/Applications/%1.app"_s.arg(name)});
-    (void)desk.addFolder(u"/Users/person/Documents/Verträge und Geburtstagsüberraschungen 2026"_s);
-    (void)desk.addFile(u"/Users/person/Documents/Steuererklärung.pdf"_s, "x");
-    (void)desk.addFile(u"/Users/person/Documents/🎉 Party.txt"_s, "x");
-    (void)desk.addFile(u"/Users/person/Documents/תוכנית.txt"_s, "x");
+    (void)desk.defaults().setValue(u"sk.comboGlyphs"_s, false);
+    for (const QStringView name :
+         {u"Firefox", u"Terminal", u"Notes", u"Mail", u"Calendar", u"Music", u"Maps"}) {
+        const QString path = u"/Applications/%1.app"_s.arg(name);
+        desk.installApp({.name = name.toString(), .path = path});
+        desk.fileIndex().add({path, name.toString(), IndexedFile::Kind::application});
+    }
+    (void)desk.addFolder(u"/Users/person/Documents/Invoices"_s);
+    (void)desk.addFolder(hardShortcuts[0].path.toString());
+    for (const QStringView path : std::initializer_list<QStringView>{
+             u"/Users/person/Documents/Household budget.ods", hardShortcuts[1].path,
+             hardShortcuts[2].path, hardShortcuts[3].path, u"/Users/person/Documents/Minutes.odt",
+             u"/Users/person/Documents/Mining history.pdf"}) {
+        (void)desk.addFile(path.toString(), "x");
+        desk.fileIndex().add(
+            {path.toString(), path.toString().section(u'/', -1), IndexedFile::Kind::file});
+    }
+    platform::DesktopShortcutReading reading;
+    reading.shortcuts = {{18, CarbonModifiers::command, u"openbox"_s, u"GoToDesktop"_s},
+                         {2, CarbonModifiers::command, u"openbox"_s, u"ToggleShowDesktop"_s},
+                         {122, carbonControlOption, u"Linux"_s, u"VT 1"_s,
+                          platform::DesktopShortcut::Effect::neverFires}};
+    reading.sources = {u"rc.xml"_s};
+    desk.desktopShortcuts().set(reading);
 }
 
-void fill(test::UiStage& stage) {
-    constexpr ModifierFlags alt = ModifierFlags::control | ModifierFlags::option;
-    const auto add = [&stage, alt](const QString& path, std::optional<std::uint16_t> key) {
-        stage.list().addShortcut(path, key ? std::optional(KeyCombo{*key, alt}) : std::nullopt,
-                                 std::nullopt);
-    };
-    add(u"/Applications/Notes.app"_s, 45);
-    add(u"/Applications/Firefox.app"_s, 3);
-    add(u"/Applications/Terminal.app"_s, 17);
-    add(u"/Applications/Mail.app"_s, 46);
-    add(u"/Users/person/Documents/Verträge und Geburtstagsüberraschungen 2026"_s, 9);
-    add(u"/Users/person/Documents/Steuererklärung.pdf"_s, 1);
-    add(u"/Users/person/Documents/🎉 Party.txt"_s, std::nullopt);
-    add(u"/Users/person/Documents/תוכנית.txt"_s, 46);
+template <std::size_t count> void fill(Stage& stage, const std::array<Sample, count>& shortcuts) {
+    for (const Sample& each : shortcuts)
+        stage.list().addShortcut(
+            each.path.toString(),
+            each.keyCode ? std::optional(KeyCombo{*each.keyCode, controlOption}) : std::nullopt,
+            std::nullopt);
+    stage.settle();
 }
+
+void launch(Stage& stage, Setup setup, model::Theme theme) {
+    furnish(stage);
+    stage.launch(setup);
+    stage.list().changeSettings(
+        [theme](auto& settings) { settings.themeRaw = model::themeName(theme); });
+    stage.agent().ledger().refresh();
+    stage.settle();
+}
+
+QQuickView& on(Stage& stage, PopoverScreen screen, const QString& path = {}) {
+    stage.show({screen, path});
+    return stage.popover();
+}
+
+// Of the popover, with the usual list unless said otherwise.
+QQuickView& list(Stage& stage) {
+    fill(stage, usualShortcuts);
+    return on(stage, PopoverScreen::list);
+}
+QQuickView& listNames(Stage& stage) {
+    fill(stage, hardShortcuts);
+    return on(stage, PopoverScreen::list);
+}
+QQuickView& listEmpty(Stage& stage) {
+    return on(stage, PopoverScreen::list);
+}
+QQuickView& listRefused(Stage& stage) {
+    stage.desk().hotkeys().refuse({3, carbonControlOption}, 10);
+    return list(stage);
+}
+QQuickView& listUnbound(Stage& stage) {
+    stage.desk().hotkeys().setAvailability(
+        {Availability::State::unavailable, u"This is a Wayland session."_s,
+         u"Copy the bindings for your desktop, or log in to an X11 session."_s});
+    return list(stage);
+}
+QQuickView& add(Stage& stage) {
+    fill(stage, usualShortcuts);
+    on(stage, PopoverScreen::add);
+    stage.type(u"mi"_s);
+    stage.desk().advance(200ms);
+    stage.settle();
+    return stage.popover();
+}
+QQuickView& addRecording(Stage& stage) {
+    fill(stage, usualShortcuts);
+    on(stage, PopoverScreen::add, u"/Applications/Music.app"_s);
+    stage.click(stage.item(u"jumpKeyBox"_s));
+    stage.desk().keyboardCapture().changeModifiers(59, {EventFlags::control});
+    stage.settle();
+    return stage.popover();
+}
+QQuickView& addConflict(Stage& stage) {
+    addRecording(stage);
+    stage.desk().keyboardCapture().press(45, {controlOptionHeld});
+    stage.settle();
+    return stage.popover();
+}
+QQuickView& importing(Stage& stage) {
+    fill(stage, usualShortcuts);
+    (void)stage.agent().transfer().exportTo(
+        u"/Users/person/Documents/Skipnest-Export-2026-07-24.json"_s);
+    for (int i = 0; i < 3; ++i)
+        (void)stage.list().remove(stage.list().shortcuts().back().id);
+    (void)stage.agent().transfer().exportTo(model::ExportDestination::downloads);
+    on(stage, PopoverScreen::importing);
+    stage.click(stage.item(u"candidate0"_s));
+    return stage.popover();
+}
+QQuickView& importEmpty(Stage& stage) {
+    return on(stage, PopoverScreen::importing);
+}
+QQuickView& exporting(Stage& stage) {
+    fill(stage, usualShortcuts);
+    on(stage, PopoverScreen::exporting);
+    stage.click(stage.item(u"destination0"_s));
+    return stage.popover();
+}
+QQuickView& settings(Stage& stage) {
+    fill(stage, usualShortcuts);
+    return on(stage, PopoverScreen::settings);
+}
+QQuickView& settingsKeys(Stage& stage) {
+    stage.desk().hotkeys().refuse({3, carbonControlOption}, 10);
+    settings(stage);
+    stage.item(u"showKeys"_s).forceActiveFocus(); // further down than the window shows
+    stage.press(Qt::Key_Return);
+    return stage.popover();
+}
+QQuickView& feedback(Stage& stage) {
+    on(stage, PopoverScreen::feedback);
+    stage.item(u"feedbackCategory"_s).forceActiveFocus();
+    stage.press(Qt::Key_Right);
+    stage.click(stage.item(u"feedbackMessage"_s));
+    stage.type(u"The list could show when a key was last used."_s);
+    return stage.popover();
+}
+
+// Of the onboarding window, one step after the other.
+QQuickView& welcome(Stage& stage) {
+    return stage.onboarding();
+}
+QQuickView& firstShortcut(Stage& stage) {
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    return stage.onboarding();
+}
+QQuickView& firstShortcutSearch(Stage& stage) {
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    stage.type(stage.onboarding(), u"mi"_s);
+    stage.desk().advance(200ms);
+    stage.settle();
+    return stage.onboarding();
+}
+QQuickView& tryIt(Stage& stage) {
+    firstShortcut(stage);
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    return stage.onboarding();
+}
+QQuickView& tryItWorks(Stage& stage) {
+    tryIt(stage);
+    stage.desk().pressHotkey({3, carbonControlOption});
+    stage.settle();
+    return stage.onboarding();
+}
+QQuickView& tryItWayland(Stage& stage) {
+    stage.desk().hotkeys().setAvailability(
+        {Availability::State::unavailable, u"A Wayland desktop gives no program keys of its own."_s,
+         u"Bind them in its settings."_s});
+    return tryIt(stage);
+}
+QQuickView& tryItTaken(Stage& stage) {
+    firstShortcut(stage);
+    stage.desk().hotkeys().refuse({3, carbonControlOption}, 10);
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    return stage.onboarding();
+}
+QQuickView& gesture(Stage& stage) {
+    tryIt(stage);
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    return stage.onboarding();
+}
+QQuickView& gestureShift(Stage& stage) {
+    platform::DesktopShortcutReading reading;
+    reading.reactsToSuperTap = true;
+    reading.superTapOwner = u"GNOME"_s;
+    stage.desk().desktopShortcuts().set(reading);
+    stage.agent().ledger().refresh();
+    return gesture(stage);
+}
+QQuickView& done(Stage& stage) {
+    gesture(stage);
+    stage.press(stage.onboarding(), Qt::Key_Return);
+    return stage.onboarding();
+}
+
+struct Picture {
+    QStringView name;
+    Setup setup;
+    QQuickView& (*prepare)(Stage&);
+};
+constexpr auto pictures = std::to_array<Picture>({
+    {u"list", Setup::countsAsDone, list},
+    {u"list-names", Setup::countsAsDone, listNames},
+    {u"list-empty", Setup::countsAsDone, listEmpty},
+    {u"list-refused", Setup::countsAsDone, listRefused},
+    {u"list-unbound", Setup::countsAsDone, listUnbound},
+    {u"add", Setup::countsAsDone, add},
+    {u"add-recording", Setup::countsAsDone, addRecording},
+    {u"add-conflict", Setup::countsAsDone, addConflict},
+    {u"import", Setup::countsAsDone, importing},
+    {u"import-empty", Setup::countsAsDone, importEmpty},
+    {u"export", Setup::countsAsDone, exporting},
+    {u"settings", Setup::countsAsDone, settings},
+    {u"settings-keys", Setup::countsAsDone, settingsKeys},
+    {u"feedback", Setup::countsAsDone, feedback},
+    {u"onboarding-welcome", Setup::check, welcome},
+    {u"onboarding-shortcut", Setup::check, firstShortcut},
+    {u"onboarding-search", Setup::check, firstShortcutSearch},
+    {u"onboarding-try", Setup::check, tryIt},
+    {u"onboarding-works", Setup::check, tryItWorks},
+    {u"onboarding-taken", Setup::check, tryItTaken},
+    {u"onboarding-wayland", Setup::check, tryItWayland},
+    {u"onboarding-gesture", Setup::check, gesture},
+    {u"onboarding-gesture-shift", Setup::check, gestureShift},
+    {u"onboarding-done", Setup::check, done},
+});
+
+constexpr std::array themes = {model::Theme::light, model::Theme::dark, model::Theme::brand};
 
 } // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QGuiApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 2) {
-        std::fputs("usage: skipnest_screens FOLDER [THEME [SCREEN]]\n", stderr);
-        return 2;
-    }
-    const QDir folder(arguments.at(1));
+    QGuiApplication application(argc, argv);
+
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const QCommandLineOption language(u"language"_s, u"In this language."_s, u"CODE"_s, u"en"_s);
+    parser.addOption(language);
+    parser.addPositionalArgument(u"FOLDER"_s, u"Where the pictures go."_s);
+    parser.addPositionalArgument(u"THEME"_s, u"light, dark, brand or all."_s, u"[THEME"_s);
+    parser.addPositionalArgument(u"SCREEN"_s, u"Only these."_s, u"[SCREEN...]]"_s);
+    parser.process(application);
+    const QStringList arguments = parser.positionalArguments();
+    if (arguments.isEmpty())
+        parser.showHelp(2);
+    ui::installTranslations(application, QLocale(parser.value(language)));
+
+    const QDir folder(arguments.first());
     (void)folder.mkpath(u"."_s);
-    for (const auto theme : {model::Theme::light, model::Theme::dark, model::Theme::brand}) {
-        if (arguments.size() > 2 && arguments.at(2) != model::themeName(theme))
+    const QString theme = arguments.value(1, u"all"_s);
+    const QStringList wanted = arguments.mid(2);
+    for (const Picture& picture : pictures) {
+        const QString name = picture.name.toString();
+        if (!wanted.isEmpty() && !wanted.contains(name))
             continue;
-        test::UiStage stage;
-        furnish(stage);
-        stage.launch();
-        fill(stage);
-        stage.list().changeSettings(
-            [theme](auto& settings) { settings.themeRaw = model::themeName(theme); });
-        using enum platform::PopoverScreen;
-        for (const auto screen : {list, add, importing, exporting, settings, feedback}) {
-            const QString name = platform::screenName(screen);
-            if (arguments.size() > 3 && arguments.at(3) != name)
+        for (const model::Theme each : themes) {
+            if (theme != u"all" && theme != model::themeName(each))
                 continue;
-            stage.show({screen, {}});
-            const QString file = folder.filePath(u"%1-%2.png"_s.arg(name, model::themeName(theme)));
-            stage.picture(stage.popover()).save(file);
+            Stage stage;
+            launch(stage, picture.setup, each);
+            const QString file = folder.filePath(u"%1-%2.png"_s.arg(name, model::themeName(each)));
+            if (!stage.picture(picture.prepare(stage)).save(file)) {
+                std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
+                return 1;
+            }
             std::printf("%s\n", qUtf8Printable(file));
         }
     }

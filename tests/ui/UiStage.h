@@ -23,8 +23,10 @@ public:
     UiStage();
     ~UiStage();
 
-    // Nothing runs before this: files, applications and settings can be put in place first.
-    void launch();
+    // Nothing runs before this: files, applications and settings can be put in place first. Without
+    // the check of what a person needs at a first start, onboarding stays away.
+    using Setup = app::AppDelegate::Options::Setup;
+    void launch(Setup setup = Setup::countsAsDone);
 
     [[nodiscard]] sim::SimDesktop& desk() { return desk_; }
     [[nodiscard]] app::AppDelegate& agent() { return *agent_; }
@@ -34,15 +36,22 @@ public:
     // The popover on a screen, painted.
     void show(const platform::PopoverRoute& route);
     [[nodiscard]] QQuickView& popover();
+    // While it is shown.
+    [[nodiscard]] QQuickView& onboarding();
     // What it looks like now.
     [[nodiscard]] QImage picture(QQuickView& view);
 
-    // The visible item with this objectName anywhere in the view; aborts where there is none.
+    // The visible item with this objectName anywhere in the view; aborts where there is none. Here
+    // and below the view is the popover where none is named.
     [[nodiscard]] QQuickItem& item(const QString& objectName);
+    [[nodiscard]] QQuickItem& item(QQuickView& view, const QString& objectName);
     [[nodiscard]] bool hasItem(const QString& objectName);
-    // Into whatever has the keyboard in the popover.
+    [[nodiscard]] bool hasItem(QQuickView& view, const QString& objectName);
+    // Into whatever has the keyboard in the view.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(QQuickView& view, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
+    void type(QQuickView& view, const QString& text);
     // In the middle of the item.
     void click(QQuickItem& item);
     // Lets Qt and the desktop carry out what is pending; no time passes on the desk.

@@ -5,8 +5,6 @@
 #include "ui/ComboWording.h"
 #include "ui/editor/PlainLine.h"
 
-#include <QCoreApplication>
-
 #include <array>
 
 namespace skipnest::ui {
@@ -17,10 +15,6 @@ using platform::Availability;
 using platform::ModifierStyle;
 
 namespace {
-
-QString tr(const char* source) {
-    return QCoreApplication::translate("RecorderWording", source);
-}
 
 // The commands that the rules name, for the translators.
 [[maybe_unused]] constexpr auto commands = std::to_array<const char*>({

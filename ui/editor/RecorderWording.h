@@ -4,6 +4,7 @@
 #include "hotkeys/KeyRecorderViewModel.h"
 #include "platform/AppInfo.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace skipnest::platform {
@@ -15,6 +16,7 @@ namespace skipnest::ui {
 // What a recorder found, in the person's language and with the modifier keys as their keyboard has
 // them. With glyphs the sentences are the recorder's own ("Ctrl + Opt + J is already …").
 class RecorderWording {
+    Q_DECLARE_TR_FUNCTIONS(RecorderWording)
 public:
     using Conflict = hotkeys::KeyRecorderViewModel::Conflict;
     using Warning = hotkeys::KeyRecorderViewModel::Warning;

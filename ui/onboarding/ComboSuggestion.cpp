@@ -63,7 +63,8 @@ std::optional<KeyCombo> suggestedCombo(const QString& name, app::AppDelegate& ag
     const auto plan = hotkeys::planHotkeys(list.shortcuts(), list.config());
     std::vector<KeyCombo> open;
     for (const KeyCombo& combo : comboCandidates(name, ports.keyboardLayout)) {
-        const bool isPlanned = std::ranges::find(plan, combo, &hotkeys::PlannedHotkey::combo) != plan.end();
+        const bool isPlanned =
+            std::ranges::find(plan, combo, &hotkeys::PlannedHotkey::combo) != plan.end();
         if (!isPlanned && !agent.ledger().desktopShortcut(combo) &&
             !model::refusal(combo, ports.keyboardLayout))
             open.push_back(combo);
@@ -78,8 +79,7 @@ std::optional<KeyCombo> suggestedCombo(const QString& name, app::AppDelegate& ag
     for (const KeyCombo& combo : open)
         requests.push_back({trialIdentifier, combo.keyCode, combo.modifiers.carbonModifiers()});
     const auto answers = ports.hotkeys.registerHotkeys(requests);
-    const auto granted =
-        std::ranges::find(answers, 0, &platform::HotkeyRegistration::status);
+    const auto granted = std::ranges::find(answers, 0, &platform::HotkeyRegistration::status);
     if (granted == answers.end())
         return std::nullopt;
     return open[static_cast<std::size_t>(granted - answers.begin())];

@@ -46,8 +46,8 @@ QString triggerName(VoiceTrigger trigger) {
 }
 
 VoiceTrigger triggerNamed(const std::optional<QString>& name) {
-    const auto found =
-        std::ranges::find_if(rows, [&](const TriggerRow& each) { return name == QLatin1String(each.name); });
+    const auto found = std::ranges::find_if(
+        rows, [&](const TriggerRow& each) { return name == QLatin1String(each.name); });
     return found == rows.end() ? VoiceTrigger::command : found->trigger;
 }
 

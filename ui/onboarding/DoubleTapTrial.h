@@ -23,8 +23,8 @@ inline constexpr std::array voiceTriggers = {VoiceTrigger::command, VoiceTrigger
 
 // Tells a person who practises the double tap how each attempt went.
 //
-// A tap counts when the key alone is down for at most 0.3 s. Two taps of the same physical key are a
-// double tap when no other key went down in between and their releases are at most 0.35 s apart.
+// A tap counts when the key alone is down for at most 0.3 s. Two taps of the same physical key are
+// a double tap when no other key went down in between and their releases are at most 0.35 s apart.
 // Both limits are inclusive. A pure state machine: times come with the events.
 class DoubleTapTrial {
 public:

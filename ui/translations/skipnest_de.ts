@@ -1,0 +1,1646 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AboutSection</name>
+    <message>
+        <source>About</source>
+        <translation>Über Skipnest</translation>
+    </message>
+    <message>
+        <source>`skipnest help` in a terminal lists what can be done from there; `skipnest doctor` says what follows here.</source>
+        <translation>`skipnest help` in einem Terminal zeigt, was von dort aus möglich ist; `skipnest doctor` sagt, was hier folgt.</translation>
+    </message>
+    <message>
+        <source>What works here</source>
+        <translation>Was hier funktioniert</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>funktioniert</translation>
+    </message>
+    <message>
+        <source>Copy for a report</source>
+        <translation>Für einen Bericht kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>ComboField</name>
+    <message>
+        <source>No key</source>
+        <translation>Keine Taste</translation>
+    </message>
+    <message>
+        <source>%1: press the keys</source>
+        <translation>%1: Tasten drücken</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Escape ends the recording</source>
+        <translation>Escape beendet die Aufnahme</translation>
+    </message>
+    <message>
+        <source>Press to record a key</source>
+        <translation>Drücken, um eine Taste aufzunehmen</translation>
+    </message>
+    <message>
+        <source>Press the keys… Esc ends</source>
+        <translation>Tasten drücken … Esc beendet</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Clear the key</source>
+        <translation>Taste entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>ComboWording</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+</context>
+<context>
+    <name>DoneStep</name>
+    <message>
+        <source>All set</source>
+        <translation>Alles bereit</translation>
+    </message>
+    <message>
+        <source>Skipnest stays in the background. A click on its icon in the panel opens your list of shortcuts.</source>
+        <translation>Skipnest läuft im Hintergrund. Ein Klick auf das Symbol in der Leiste öffnet die Liste der Kürzel.</translation>
+    </message>
+    <message>
+        <source>Skipnest stays in the background, with an icon in the panel. Where a click on it does nothing, start Skipnest again: that opens your list of shortcuts.</source>
+        <translation>Skipnest läuft im Hintergrund, mit einem Symbol in der Leiste. Bewirkt ein Klick darauf nichts, Skipnest einfach noch einmal starten: Das öffnet die Liste der Kürzel.</translation>
+    </message>
+    <message>
+        <source>Skipnest stays in the background. This desktop has no place for its icon: start Skipnest again to open its list.</source>
+        <translation>Skipnest läuft im Hintergrund. Dieser Desktop hat keinen Platz für das Symbol: Skipnest noch einmal zu starten öffnet die Liste.</translation>
+    </message>
+    <message>
+        <source>Your shortcut</source>
+        <translation>Das erste Kürzel</translation>
+    </message>
+    <message>
+        <source>Start Skipnest at login</source>
+        <translation>Skipnest bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Your keys work as soon as you have logged in.</source>
+        <translation>Die Kürzel wirken dann gleich nach der Anmeldung.</translation>
+    </message>
+</context>
+<context>
+    <name>EditorScreen</name>
+    <message>
+        <source>Edit shortcut</source>
+        <translation>Kürzel bearbeiten</translation>
+    </message>
+    <message>
+        <source>New shortcut</source>
+        <translation>Neues Kürzel</translation>
+    </message>
+    <message>
+        <source>Target: %1</source>
+        <translation>Ziel: %1</translation>
+    </message>
+    <message>
+        <source>Locate again</source>
+        <translation>Neu suchen</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>Nothing is there any more. Locate it again: the shortcut keeps its keys.</source>
+        <translation>Dort ist nichts mehr. Das Ziel neu suchen: Das Kürzel behält seine Tasten.</translation>
+    </message>
+    <message>
+        <source>Open that shortcut</source>
+        <translation>Jenes Kürzel öffnen</translation>
+    </message>
+    <message>
+        <source>Imported – confirm before it can run</source>
+        <translation>Importiert – wirkt erst nach Bestätigung</translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation>Bestätigen</translation>
+    </message>
+    <message>
+        <source>Jump with</source>
+        <translation>Springen mit</translation>
+    </message>
+    <message>
+        <source>Hide with</source>
+        <translation>Ausblenden mit</translation>
+    </message>
+    <message>
+        <source>No key</source>
+        <translation>Keine Taste</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyList</name>
+    <message>
+        <source>No shortcut is called “%1”</source>
+        <translation>Kein Kürzel heißt „%1“</translation>
+    </message>
+    <message>
+        <source>One key for each thing you use</source>
+        <translation>Eine Taste für alles, was oft gebraucht wird</translation>
+    </message>
+    <message>
+        <source>Pick an application, a file or a folder, press the keys for it, and jump there from anywhere.</source>
+        <translation>Ein Programm, eine Datei oder einen Ordner wählen, die Tasten dafür drücken und von überall dorthin springen.</translation>
+    </message>
+    <message>
+        <source>Add “%1”</source>
+        <translation>„%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add your first shortcut</source>
+        <translation>Erstes Kürzel hinzufügen</translation>
+    </message>
+    <message>
+        <source>or drop a file or folder here</source>
+        <translation>oder eine Datei oder einen Ordner hierher ziehen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportScreen</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Pick a folder. This file is written there:</source>
+        <translation>Einen Ordner wählen. Diese Datei wird dort angelegt:</translation>
+    </message>
+    <message>
+        <source>Copy path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>FeedbackScreen</name>
+    <message>
+        <source>Feedback</source>
+        <translation>Rückmeldung</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>What should be better, or what went wrong?</source>
+        <translation>Was sollte besser sein, oder was ging schief?</translation>
+    </message>
+    <message>
+        <source>E-mail address, if you would like an answer</source>
+        <translation>E-Mail-Adresse, falls eine Antwort gewünscht ist</translation>
+    </message>
+    <message>
+        <source>This build can&apos;t send feedback yet. Copy the text and send it the way you like.</source>
+        <translation>Diese Ausgabe kann noch keine Rückmeldung senden. Den Text kopieren und auf anderem Weg schicken.</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>Copy text</source>
+        <translation>Text kopieren</translation>
+    </message>
+    <message>
+        <source>A message is needed.</source>
+        <translation>Eine Nachricht fehlt noch.</translation>
+    </message>
+</context>
+<context>
+    <name>FirstShortcutStep</name>
+    <message>
+        <source>The first shortcut</source>
+        <translation>Das erste Kürzel</translation>
+    </message>
+    <message>
+        <source>Choose what you open most often. A free key is proposed for it.</source>
+        <translation>Auswählen, was am häufigsten geöffnet wird. Eine freie Taste wird dafür vorgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Search for a name</source>
+        <translation>Nach einem Namen suchen</translation>
+    </message>
+    <message>
+        <source>Search applications, files and folders</source>
+        <translation>Programme, Dateien und Ordner suchen</translation>
+    </message>
+    <message>
+        <source>Targets</source>
+        <translation>Ziele</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Wird gesucht …</translation>
+    </message>
+    <message>
+        <source>Type a part of a name above.</source>
+        <translation>Oben einen Teil des Namens eingeben.</translation>
+    </message>
+    <message>
+        <source>Nothing is called that.</source>
+        <translation>So heißt hier nichts.</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Nothing chosen yet</source>
+        <translation>Noch nichts gewählt</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Press keys of your choice</source>
+        <translation>Beliebige Tasten drücken</translation>
+    </message>
+    <message>
+        <source>Any combination with Ctrl, Alt, Shift or Super will do.</source>
+        <translation>Jede Kombination mit Strg, Alt, Umschalt oder Super ist möglich.</translation>
+    </message>
+    <message>
+        <source>%1 has the key %2. Choose another target, or go on.</source>
+        <translation>%1 hat jetzt die Taste %2. Ein weiteres Ziel wählen oder weitergehen.</translation>
+    </message>
+</context>
+<context>
+    <name>FoundTargetRow</name>
+    <message>
+        <source>%1, has a shortcut</source>
+        <translation>%1, hat ein Kürzel</translation>
+    </message>
+    <message>
+        <source>has a shortcut</source>
+        <translation>hat ein Kürzel</translation>
+    </message>
+</context>
+<context>
+    <name>GestureStep</name>
+    <message>
+        <source>The voice gesture</source>
+        <translation>Die Sprachgeste</translation>
+    </message>
+    <message>
+        <source>A key tapped twice, quickly, will start the voice search. Voice arrives with a later version; the gesture can be chosen now.</source>
+        <translation>Eine Taste, zweimal kurz angetippt, wird die Sprachsuche starten. Die Sprachsuche kommt mit einer späteren Version; die Geste kann jetzt schon gewählt werden.</translation>
+    </message>
+    <message>
+        <source>No gesture: the voice search will have a key of its own.</source>
+        <translation>Keine Geste: Die Sprachsuche bekommt eine eigene Taste.</translation>
+    </message>
+    <message>
+        <source>One… and once more.</source>
+        <translation>Eins … und noch einmal.</translation>
+    </message>
+    <message>
+        <source>That is it.</source>
+        <translation>Genau so.</translation>
+    </message>
+    <message>
+        <source>A little shorter: let the key go at once.</source>
+        <translation>Etwas kürzer: die Taste gleich wieder loslassen.</translation>
+    </message>
+    <message>
+        <source>Almost. The second tap has to come sooner.</source>
+        <translation>Fast. Das zweite Tippen muss früher kommen.</translation>
+    </message>
+    <message>
+        <source>Tap the same %1 key twice, left or right.</source>
+        <translation>Zweimal dieselbe %1-Taste antippen, links oder rechts.</translation>
+    </message>
+    <message>
+        <source>Another key came in between. Try again with %1 alone.</source>
+        <translation>Eine andere Taste kam dazwischen. Noch einmal, nur mit %1.</translation>
+    </message>
+    <message>
+        <source>Try it: tap %1 twice.</source>
+        <translation>Ausprobieren: %1 zweimal antippen.</translation>
+    </message>
+    <message>
+        <source>Key for the voice gesture</source>
+        <translation>Taste für die Sprachgeste</translation>
+    </message>
+    <message>
+        <source>The gesture cannot be used here. %1 %2</source>
+        <translation>Die Geste ist hier nicht möglich. %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>ImportScreen</name>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Pick a Skipnest export - files are named like “Skipnest-Export-2026-07-24.json”.</source>
+        <translation>Einen Skipnest-Export wählen – die Dateien heißen etwa „Skipnest-Export-2026-07-24.json“.</translation>
+    </message>
+    <message>
+        <source>No export files found yet - export one first, or type a file name.</source>
+        <translation>Noch keine Exportdateien gefunden – zuerst eine exportieren oder einen Dateinamen eingeben.</translation>
+    </message>
+    <message>
+        <source>File name or path, or drop a file here</source>
+        <translation>Dateiname oder Pfad, oder eine Datei hierher ziehen</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Ansehen</translation>
+    </message>
+    <message>
+        <source>Look into this file</source>
+        <translation>Diese Datei ansehen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KeyLedgerPage</name>
+    <message>
+        <source>Find a key or a program</source>
+        <translation>Taste oder Programm finden</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>No key is known yet.</source>
+        <translation>Noch ist keine Taste bekannt.</translation>
+    </message>
+    <message>
+        <source>No key has these words.</source>
+        <translation>Auf keine Taste passt das.</translation>
+    </message>
+</context>
+<context>
+    <name>ListBannerLine</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>LocationCheck</name>
+    <message>
+        <source>Skipnest is running from a temporary macOS location, so permissions you grant won&apos;t stick. Moving it to Applications fixes this for good.</source>
+        <translation>Skipnest läuft an einem vorläufigen Ort von macOS, daher bleiben erteilte Berechtigungen nicht erhalten. In „Programme“ bewegt, ist das dauerhaft behoben.</translation>
+    </message>
+    <message>
+        <source>Skipnest is running from the downloaded disk image. macOS forgets permissions granted from here - move it to Applications and start it there.</source>
+        <translation>Skipnest läuft vom geladenen Image. macOS vergisst Berechtigungen, die von hier erteilt werden – in „Programme“ bewegen und dort starten.</translation>
+    </message>
+</context>
+<context>
+    <name>MenuBarShell</name>
+    <message>
+        <source>Nothing was dropped.</source>
+        <translation>Es wurde nichts abgelegt.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file or folder on this computer.</source>
+        <translation>„%1“ ist keine Datei und kein Ordner auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>“%1” is not there any more.</source>
+        <translation>„%1“ ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Capture</source>
+        <translation>Erfassen</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>This cannot get a key</source>
+        <translation>Das kann keine Taste bekommen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>MessageLine</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>Onboarding</name>
+    <message>
+        <source>Welcome to Skipnest</source>
+        <translation>Willkommen bei Skipnest</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Save and go on</source>
+        <translation>Speichern und weiter</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressMark</name>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderWording</name>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Neuer Tab</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Please include at least one modifier key (%1)</source>
+        <translation>Bitte mindestens eine Sondertaste dazunehmen (%1)</translation>
+    </message>
+    <message>
+        <source>%1 is a system shortcut and cannot be used.</source>
+        <translation>%1 gehört dem System und kann nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>%1 is already assigned to &quot;%2&quot;</source>
+        <translation>%1 ist schon an „%2“ vergeben</translation>
+    </message>
+    <message>
+        <source>%1 is already used by another program.</source>
+        <translation>%1 wird schon von einem anderen Programm benutzt.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by %2.</source>
+        <translation>%1 wird schon von %2 benutzt.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by %2 (%3).</source>
+        <translation>%1 wird schon von %2 benutzt (%3).</translation>
+    </message>
+    <message>
+        <source>Another program holds the keyboard, so no keys can be recorded. Close its menu or dialog and try again.</source>
+        <translation>Ein anderes Programm hält die Tastatur, daher lassen sich keine Tasten aufnehmen. Sein Menü oder seinen Dialog schließen und noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>%1 belongs to %2: no press of it reaches any program, so this shortcut would never fire.</source>
+        <translation>%1 gehört %2: Kein Druck darauf erreicht ein Programm, dieses Kürzel käme nie an.</translation>
+    </message>
+    <message>
+        <source>%1 is in the settings of %2 too, which may act on it instead.</source>
+        <translation>%1 steht auch in den Einstellungen von %2 und könnte dort wirken statt hier.</translation>
+    </message>
+    <message>
+        <source>%1 is in the settings of %2 too (%3), which may act on it instead.</source>
+        <translation>%1 steht auch in den Einstellungen von %2 (%3) und könnte dort wirken statt hier.</translation>
+    </message>
+    <message>
+        <source>%1 hides “%2” now and will no longer do so.</source>
+        <translation>%1 blendet jetzt „%2“ aus und wird es nicht mehr tun.</translation>
+    </message>
+    <message>
+        <source>%1 goes to the next window now and will no longer do so.</source>
+        <translation>%1 geht jetzt zum nächsten Fenster und wird es nicht mehr tun.</translation>
+    </message>
+    <message>
+        <source>%1 goes to the previous window now and will no longer do so.</source>
+        <translation>%1 geht jetzt zum vorigen Fenster und wird es nicht mehr tun.</translation>
+    </message>
+    <message>
+        <source>%1 starts the voice search now and will no longer do so.</source>
+        <translation>%1 startet jetzt die Sprachsuche und wird es nicht mehr tun.</translation>
+    </message>
+    <message>
+        <source>%1 opens “%2” now and will no longer do so.</source>
+        <translation>%1 öffnet jetzt „%2“ und wird es nicht mehr tun.</translation>
+    </message>
+    <message>
+        <source>%1 is “%2” in most apps. A global shortcut would override it everywhere - a shortcut with Alt or Super is safer.</source>
+        <translation>%1 ist in den meisten Programmen „%2“. Ein Kürzel ginge überall vor – mit Alt oder Super ist es sicherer.</translation>
+    </message>
+    <message>
+        <source>%1 is “%2” in most apps. A global shortcut would override it everywhere - a Control (⌃) or Option (⌥) shortcut is safer.</source>
+        <translation>%1 ist in den meisten Programmen „%2“. Ein Kürzel ginge überall vor – mit Control (⌃) oder Option (⌥) ist es sicherer.</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenPage</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
+    <name>SettingRow</name>
+    <message>
+        <source>Use default</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1: use the default</source>
+        <translation>%1: auf die Vorgabe zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>Settings</name>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Skipnest</source>
+        <translation>Skipnest</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Automatic (your language + English)</source>
+        <translation>Automatisch (eigene Sprache + Englisch)</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Kürzel</translation>
+    </message>
+    <message>
+        <source>Window switcher</source>
+        <translation>Fensterwechsler</translation>
+    </message>
+    <message>
+        <source>Quick capture</source>
+        <translation>Schnellerfassung</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Privatsphäre</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>The colours of all windows of Skipnest.</source>
+        <translation>Die Farben aller Fenster von Skipnest.</translation>
+    </message>
+    <message>
+        <source>Icon</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>The drawing in the menu bar or tray.</source>
+        <translation>Die Zeichnung in der Menüleiste oder Leiste.</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Skipnest starts when you log in, without a window.</source>
+        <translation>Skipnest startet mit der Anmeldung, ohne Fenster.</translation>
+    </message>
+    <message>
+        <source>Modifier keys as ⌃⌥⇧⌘</source>
+        <translation>Sondertasten als ⌃⌥⇧⌘</translation>
+    </message>
+    <message>
+        <source>Keys are shown as glyphs in place of Ctrl, Alt, Shift, Super.</source>
+        <translation>Tasten erscheinen als Zeichen statt als Strg, Alt, Umschalt, Super.</translation>
+    </message>
+    <message>
+        <source>Hide with one more key</source>
+        <translation>Ausblenden mit einer Taste mehr</translation>
+    </message>
+    <message>
+        <source>Holding the hide key too makes a shortcut hide its application.</source>
+        <translation>Mit der Ausblendtaste zusammen blendet ein Kürzel sein Programm aus.</translation>
+    </message>
+    <message>
+        <source>Hide key</source>
+        <translation>Ausblendtaste</translation>
+    </message>
+    <message>
+        <source>The key that is held in addition to hide.</source>
+        <translation>Die Taste, die zum Ausblenden dazukommt.</translation>
+    </message>
+    <message>
+        <source>Step through windows</source>
+        <translation>Durch Fenster gehen</translation>
+    </message>
+    <message>
+        <source>Two more shortcuts go through the windows of the application in front.</source>
+        <translation>Zwei weitere Kürzel gehen durch die Fenster des vorderen Programms.</translation>
+    </message>
+    <message>
+        <source>Next window</source>
+        <translation>Nächstes Fenster</translation>
+    </message>
+    <message>
+        <source>The shortcut for the next window.</source>
+        <translation>Das Kürzel für das nächste Fenster.</translation>
+    </message>
+    <message>
+        <source>Previous window</source>
+        <translation>Voriges Fenster</translation>
+    </message>
+    <message>
+        <source>The shortcut for the window before.</source>
+        <translation>Das Kürzel für das Fenster davor.</translation>
+    </message>
+    <message>
+        <source>The shortcut of the application in front opens a bar with its windows.</source>
+        <translation>Das Kürzel des vorderen Programms öffnet eine Leiste mit seinen Fenstern.</translation>
+    </message>
+    <message>
+        <source>Precise switching</source>
+        <translation>Genaues Wechseln</translation>
+    </message>
+    <message>
+        <source>Takes a little longer to raise exactly the window chosen.</source>
+        <translation>Braucht etwas länger und holt genau das gewählte Fenster nach vorn.</translation>
+    </message>
+    <message>
+        <source>Browser tabs</source>
+        <translation>Browser-Tabs</translation>
+    </message>
+    <message>
+        <source>In a browser the bar lists the tabs of all its windows.</source>
+        <translation>In einem Browser zeigt die Leiste die Tabs aller Fenster.</translation>
+    </message>
+    <message>
+        <source>Tapping Ctrl twice gives a shortcut to what is in front of you.</source>
+        <translation>Zweimal Strg antippen gibt dem, was vorn ist, ein Kürzel.</translation>
+    </message>
+    <message>
+        <source>Say where to go: an application, a file, a window or a tab.</source>
+        <translation>Sagen, wohin: zu einem Programm, einer Datei, einem Fenster oder Tab.</translation>
+    </message>
+    <message>
+        <source>Voice shortcut</source>
+        <translation>Kürzel für Sprache</translation>
+    </message>
+    <message>
+        <source>The shortcut that starts and stops listening.</source>
+        <translation>Das Kürzel, das das Zuhören startet und beendet.</translation>
+    </message>
+    <message>
+        <source>Double tap</source>
+        <translation>Doppeltes Antippen</translation>
+    </message>
+    <message>
+        <source>Tapping this key twice starts listening too.</source>
+        <translation>Diese Taste zweimal anzutippen startet das Zuhören auch.</translation>
+    </message>
+    <message>
+        <source>Spoken language</source>
+        <translation>Gesprochene Sprache</translation>
+    </message>
+    <message>
+        <source>The language that is listened for.</source>
+        <translation>Die Sprache, die erwartet wird.</translation>
+    </message>
+    <message>
+        <source>Tidy up dictated messages</source>
+        <translation>Diktierte Nachrichten glätten</translation>
+    </message>
+    <message>
+        <source>Slips of the tongue are put right before a message is typed.</source>
+        <translation>Versprecher werden berichtigt, bevor eine Nachricht getippt wird.</translation>
+    </message>
+    <message>
+        <source>Words to know</source>
+        <translation>Bekannte Wörter</translation>
+    </message>
+    <message>
+        <source>Names and words that recognition should expect.</source>
+        <translation>Namen und Wörter, mit denen die Erkennung rechnen soll.</translation>
+    </message>
+    <message>
+        <source>Heard and meant</source>
+        <translation>Gehört und gemeint</translation>
+    </message>
+    <message>
+        <source>What is often misheard, and what it is read as instead.</source>
+        <translation>Was oft falsch verstanden wird, und wie es stattdessen zu lesen ist.</translation>
+    </message>
+    <message>
+        <source>Send crash reports</source>
+        <translation>Absturzberichte senden</translation>
+    </message>
+    <message>
+        <source>After a crash the place in the program is sent, and nothing of yours.</source>
+        <translation>Nach einem Absturz wird die Stelle im Programm gesendet und nichts Persönliches.</translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation>Vorgabe: %1</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsScreen</name>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Find a setting</source>
+        <translation>Einstellung finden</translation>
+    </message>
+    <message>
+        <source>No setting has these words.</source>
+        <translation>Auf keine Einstellung passt das.</translation>
+    </message>
+    <message>
+        <source>Who has which key</source>
+        <translation>Wer welche Taste hat</translation>
+    </message>
+    <message>
+        <source>Every shortcut that Skipnest has, was refused, or that the desktop keeps for itself.</source>
+        <translation>Jede Taste, die Skipnest hat, die verweigert wurde oder die der Desktop für sich behält.</translation>
+    </message>
+    <message>
+        <source>Show all keys</source>
+        <translation>Alle Tasten zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSection</name>
+    <message>
+        <source>Arrives with a later version; your choice is kept.</source>
+        <translation>Kommt mit einer späteren Version; die Wahl bleibt erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutListScreen</name>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Feedback</source>
+        <translation>Rückmeldung</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Kürzel</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutRow</name>
+    <message>
+        <source>Add a key</source>
+        <translation>Taste geben</translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation>Bestätigen</translation>
+    </message>
+    <message>
+        <source>Jump to %1</source>
+        <translation>Zu %1 springen</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>%1 bearbeiten</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>TargetSearchField</name>
+    <message>
+        <source>Name of an application, file or folder</source>
+        <translation>Name eines Programms, einer Datei oder eines Ordners</translation>
+    </message>
+    <message>
+        <source>Search in</source>
+        <translation>Suchen in</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>Gefunden</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Wird gesucht …</translation>
+    </message>
+    <message>
+        <source>Type a part of the name, or a path such as ~/Documents. You can also drop a file or folder here.</source>
+        <translation>Einen Teil des Namens eingeben oder einen Pfad wie ~/Dokumente. Auch Dateien und Ordner können hierher gezogen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>TextBox</name>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>TryItStep</name>
+    <message>
+        <source>It works</source>
+        <translation>Es funktioniert</translation>
+    </message>
+    <message>
+        <source>This key is taken</source>
+        <translation>Diese Taste ist vergeben</translation>
+    </message>
+    <message>
+        <source>Your desktop binds the keys</source>
+        <translation>Der Desktop vergibt die Tasten</translation>
+    </message>
+    <message>
+        <source>Try it now</source>
+        <translation>Gleich ausprobieren</translation>
+    </message>
+    <message>
+        <source>This key takes you to %1 from everywhere. Go on, or press it again.</source>
+        <translation>Diese Taste führt von überall zu %1. Weitergehen oder noch einmal drücken.</translation>
+    </message>
+    <message>
+        <source>Another program holds it, so the desktop did not give it to Skipnest.</source>
+        <translation>Ein anderes Programm hält sie, daher hat der Desktop sie Skipnest nicht gegeben.</translation>
+    </message>
+    <message>
+        <source>Press the keys together. You are taken to %1, and this window comes back after a moment.</source>
+        <translation>Die Tasten zusammen drücken. Sie führen zu %1, und nach einem Moment kommt dieses Fenster zurück.</translation>
+    </message>
+    <message>
+        <source>Choose another key</source>
+        <translation>Andere Taste wählen</translation>
+    </message>
+    <message>
+        <source>Copy what your desktop needs: commands to paste into a terminal for GNOME and KDE, lines of its configuration for sway.</source>
+        <translation>Kopieren, was der Desktop braucht: Befehle zum Einfügen in ein Terminal für GNOME und KDE, Zeilen der Konfiguration für sway.</translation>
+    </message>
+    <message>
+        <source>Copy for %1</source>
+        <translation>Für %1 kopieren</translation>
+    </message>
+    <message>
+        <source>The bindings are on the clipboard.</source>
+        <translation>Die Tastenbelegung ist in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>%1 The shortcut is saved. The command “skipnest jump” opens it, and the desktop can give that a key.</source>
+        <translation>%1 Das Kürzel ist gespeichert. Der Befehl „skipnest jump“ öffnet sein Ziel, und dem kann der Desktop eine Taste geben.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoLine</name>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Strg+Z</translation>
+    </message>
+</context>
+<context>
+    <name>VocabularyEditor</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+    <message>
+        <source>Heard</source>
+        <translation>Gehört</translation>
+    </message>
+    <message>
+        <source>New word</source>
+        <translation>Neues Wort</translation>
+    </message>
+    <message>
+        <source>Meant</source>
+        <translation>Gemeint</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomeStep</name>
+    <message>
+        <source>Welcome to Skipnest</source>
+        <translation>Willkommen bei Skipnest</translation>
+    </message>
+    <message>
+        <source>Give a key to what you open most often.</source>
+        <translation>Dem eine Taste geben, was am häufigsten geöffnet wird.</translation>
+    </message>
+    <message>
+        <source>Press it anywhere: the target comes to the front, and is opened first if it has to be.</source>
+        <translation>Sie irgendwo drücken: Das Ziel kommt nach vorn und wird vorher geöffnet, wenn nötig.</translation>
+    </message>
+    <message>
+        <source>Press it together with Shift, and the target is hidden again.</source>
+        <translation>Zusammen mit Umschalt gedrückt, wird das Ziel wieder ausgeblendet.</translation>
+    </message>
+    <message>
+        <source>How should it look?</source>
+        <translation>Wie soll es aussehen?</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Skipnest</source>
+        <translation>Skipnest</translation>
+    </message>
+    <message>
+        <source>One key takes you to an application, a file or a folder.</source>
+        <translation>Eine Taste führt zu einem Programm, einer Datei oder einem Ordner.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::AvailabilityRows</name>
+    <message>
+        <source>Shortcuts from everywhere</source>
+        <translation>Kürzel von überall</translation>
+    </message>
+    <message>
+        <source>Recording keys</source>
+        <translation>Tasten aufnehmen</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s own keys</source>
+        <translation>Eigene Tasten des Desktops</translation>
+    </message>
+    <message>
+        <source>Key gestures</source>
+        <translation>Tastengesten</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Stepping through windows</source>
+        <translation>Durch Fenster gehen</translation>
+    </message>
+    <message>
+        <source>Search for targets</source>
+        <translation>Suche nach Zielen</translation>
+    </message>
+    <message>
+        <source>Icon in the menu bar or tray</source>
+        <translation>Symbol in der Menüleiste oder Leiste</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Entry in file managers</source>
+        <translation>Eintrag in Dateiverwaltungen</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ExportModel</name>
+    <message>
+        <source>%1 · replaces today&apos;s export there</source>
+        <translation>%1 · ersetzt den heutigen Export dort</translation>
+    </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation>Exportiert nach %1</translation>
+    </message>
+    <message>
+        <source>The export couldn&apos;t be written: %1</source>
+        <translation>Der Export konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>1 shortcut and all settings</source>
+        <translation>1 Kürzel und alle Einstellungen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n shortcuts and all settings</source>
+        <translation>
+            <numerusform>%n Kürzel und alle Einstellungen</numerusform>
+            <numerusform>%n Kürzel und alle Einstellungen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::FeedbackForm</name>
+    <message>
+        <source>Bug</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Wunsch</translation>
+    </message>
+    <message>
+        <source>Marketing</source>
+        <translation>Marketing</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Anderes</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t look like an e-mail address yet, so no answer could reach you.</source>
+        <translation>Das sieht noch nicht wie eine E-Mail-Adresse aus; so käme keine Antwort an.</translation>
+    </message>
+    <message>
+        <source>Sending…</source>
+        <translation>Wird gesendet …</translation>
+    </message>
+    <message>
+        <source>Your feedback is on its way.</source>
+        <translation>Die Rückmeldung ist unterwegs.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t send just now - check your connection and try again.</source>
+        <translation>Senden gerade nicht möglich – Verbindung prüfen und noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The text is on the clipboard.</source>
+        <translation>Der Text ist in der Zwischenablage.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::FirstShortcut</name>
+    <message>
+        <source>Running now</source>
+        <translation>Läuft gerade</translation>
+    </message>
+    <message>
+        <source>Web browser</source>
+        <translation>Webbrowser</translation>
+    </message>
+    <message>
+        <source>File manager</source>
+        <translation>Dateiverwaltung</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Terminal</source>
+        <translation>Terminal</translation>
+    </message>
+    <message>
+        <source>Application</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>“%1” is not there any more.</source>
+        <translation>„%1“ ist nicht mehr da.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::GesturePractice</name>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>This desktop</source>
+        <translation>Dieser Desktop</translation>
+    </message>
+    <message>
+        <source>GNOME opens its overview when Super is tapped.</source>
+        <translation>GNOME öffnet seine Übersicht, wenn Super angetippt wird.</translation>
+    </message>
+    <message>
+        <source>%1 acts on a tap of Super itself.</source>
+        <translation>%1 reagiert selbst auf das Antippen von Super.</translation>
+    </message>
+    <message>
+        <source>%1 Shift is proposed in its place.</source>
+        <translation>%1 Stattdessen wird Umschalt vorgeschlagen.</translation>
+    </message>
+    <message>
+        <source>%1 Shift is a better choice here.</source>
+        <translation>%1 Umschalt ist hier die bessere Wahl.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ImportModel</name>
+    <message numerus="yes">
+        <source>%n new</source>
+        <translation>
+            <numerusform>%n neu</numerusform>
+            <numerusform>%n neu</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n updated</source>
+        <translation>
+            <numerusform>%n aktualisiert</numerusform>
+            <numerusform>%n aktualisiert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unchanged</source>
+        <translation>
+            <numerusform>%n unverändert</numerusform>
+            <numerusform>%n unverändert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>That file is larger than 16 MB, and no Skipnest export is.</source>
+        <translation>Diese Datei ist größer als 16 MB; kein Skipnest-Export ist das.</translation>
+    </message>
+    <message>
+        <source>That file couldn&apos;t be read as a Skipnest export - pick another one.</source>
+        <translation>Diese Datei ließ sich nicht als Skipnest-Export lesen – eine andere wählen.</translation>
+    </message>
+    <message>
+        <source>No file of that name was found. A whole path works too, and so does dropping the file here.</source>
+        <translation>Keine Datei dieses Namens gefunden. Auch ein ganzer Pfad geht, und die Datei kann hierher gezogen werden.</translation>
+    </message>
+    <message>
+        <source>There is no shortcut in that file.</source>
+        <translation>In dieser Datei ist kein Kürzel.</translation>
+    </message>
+    <message>
+        <source>Nothing was imported: %1</source>
+        <translation>Es wurde nichts importiert: %1</translation>
+    </message>
+    <message>
+        <source>Confirm new applications in the list before their keys work.</source>
+        <translation>Neue Programme in der Liste bestätigen, dann wirken ihre Tasten.</translation>
+    </message>
+    <message>
+        <source>1 conflict</source>
+        <translation>1 Konflikt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n conflicts</source>
+        <translation>
+            <numerusform>%n Konflikt</numerusform>
+            <numerusform>%n Konflikte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 application to confirm</source>
+        <translation>1 Programm zu bestätigen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n applications to confirm</source>
+        <translation>
+            <numerusform>%n Programm zu bestätigen</numerusform>
+            <numerusform>%n Programme zu bestätigen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing new: all of that file is here already.</source>
+        <translation>Nichts Neues: Alles aus dieser Datei ist schon da.</translation>
+    </message>
+    <message>
+        <source>Imported 1 shortcut: </source>
+        <translation>1 Kürzel importiert: </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %n shortcuts: </source>
+        <translation>
+            <numerusform>%n Kürzel importiert: </numerusform>
+            <numerusform>%n Kürzel importiert: </numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::KeyLedgerRows</name>
+    <message>
+        <source>hide %1</source>
+        <translation>%1 ausblenden</translation>
+    </message>
+    <message>
+        <source>next window</source>
+        <translation>nächstes Fenster</translation>
+    </message>
+    <message>
+        <source>previous window</source>
+        <translation>voriges Fenster</translation>
+    </message>
+    <message>
+        <source>voice</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Skipnest</source>
+        <translation>Skipnest</translation>
+    </message>
+    <message>
+        <source>Refused to Skipnest</source>
+        <translation>Skipnest verweigert</translation>
+    </message>
+    <message>
+        <source>The desktop</source>
+        <translation>Der Desktop</translation>
+    </message>
+    <message>
+        <source>another program</source>
+        <translation>ein anderes Programm</translation>
+    </message>
+    <message>
+        <source>Refused: %1 has it</source>
+        <translation>Verweigert: %1 hat sie</translation>
+    </message>
+    <message>
+        <source>never fires</source>
+        <translation>kommt nie an</translation>
+    </message>
+    <message>
+        <source>never fires: %1</source>
+        <translation>kommt nie an: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of Skipnest</source>
+        <translation>
+            <numerusform>%n von Skipnest</numerusform>
+            <numerusform>%n von Skipnest</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n refused</source>
+        <translation>
+            <numerusform>%n verweigert</numerusform>
+            <numerusform>%n verweigert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of the desktop</source>
+        <translation>
+            <numerusform>%n vom Desktop</numerusform>
+            <numerusform>%n vom Desktop</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ListBanner</name>
+    <message>
+        <source>The snapshot could not be restored: %1</source>
+        <translation>Der Schnappschuss ließ sich nicht wiederherstellen: %1</translation>
+    </message>
+    <message>
+        <source>Your configuration could not be read and was set aside.</source>
+        <translation>Die Konfiguration war nicht lesbar und wurde zur Seite gelegt.</translation>
+    </message>
+    <message>
+        <source>Your configuration could not be read. It is set aside before anything new is saved.</source>
+        <translation>Die Konfiguration ist nicht lesbar. Sie wird zur Seite gelegt, bevor etwas Neues gespeichert wird.</translation>
+    </message>
+    <message>
+        <source>Your shortcuts are back as they were on %1.</source>
+        <translation>Die Kürzel sind wieder wie am %1.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste the lines into the configuration of sway.</source>
+        <translation>Kopiert. Die Zeilen in die Konfiguration von sway einfügen.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste the text into a terminal.</source>
+        <translation>Kopiert. Den Text in ein Terminal einfügen.</translation>
+    </message>
+    <message>
+        <source>This desktop gives no keys to programs. Let it run the jumps itself: copy the bindings for</source>
+        <translation>Dieser Desktop gibt Programmen keine Tasten. Er kann die Sprünge selbst ausführen: Tastenbelegung kopieren für</translation>
+    </message>
+    <message>
+        <source>Skipnest update available</source>
+        <translation>Update für Skipnest verfügbar</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of %1 keys are not bound</source>
+        <translation>
+            <numerusform>%n von %1 Tasten wirkt nicht</numerusform>
+            <numerusform>%n von %1 Tasten wirken nicht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: another program has them.</source>
+        <translation>%1: Ein anderes Programm hat sie.</translation>
+    </message>
+    <message>
+        <source>%1: taken by %2.</source>
+        <translation>%1: vergeben an %2.</translation>
+    </message>
+    <message>
+        <source>Restore snapshot of %1</source>
+        <translation>Schnappschuss vom %1 wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Show the update</source>
+        <translation>Update zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::OnboardingModel</name>
+    <message>
+        <source>The system did not take it. It is tried again at the next start.</source>
+        <translation>Das System hat es nicht angenommen. Beim nächsten Start wird es noch einmal versucht.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::QuickPanels</name>
+    <message>
+        <source>Welcome to Skipnest</source>
+        <translation>Willkommen bei Skipnest</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::SettingsModel</name>
+    <message>
+        <source>Keys Who has which key</source>
+        <translation>Tasten Wer welche Taste hat</translation>
+    </message>
+    <message>
+        <source>About Version What works here</source>
+        <translation>Über Version Was hier funktioniert</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ShortcutEditor</name>
+    <message>
+        <source>“%1” is not there any more.</source>
+        <translation>„%1“ ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>“%1” has a shortcut already.</source>
+        <translation>„%1“ hat schon ein Kürzel.</translation>
+    </message>
+    <message>
+        <source>Hides with %1</source>
+        <translation>Wird ausgeblendet mit %1</translation>
+    </message>
+    <message>
+        <source>Choose what the shortcut opens first.</source>
+        <translation>Zuerst wählen, was das Kürzel öffnet.</translation>
+    </message>
+    <message>
+        <source>One key cannot both jump and hide.</source>
+        <translation>Eine Taste kann nicht springen und ausblenden zugleich.</translation>
+    </message>
+    <message>
+        <source>This shortcut was removed in the meantime. Saving makes it anew.</source>
+        <translation>Dieses Kürzel wurde inzwischen entfernt. Speichern legt es neu an.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ShortcutListScreenModel</name>
+    <message>
+        <source>another program</source>
+        <translation>ein anderes Programm</translation>
+    </message>
+    <message>
+        <source>Not bound: %1 has this key</source>
+        <translation>Wirkt nicht: %1 hat diese Taste</translation>
+    </message>
+    <message>
+        <source>Hide key not bound: %1 has it</source>
+        <translation>Ausblenden wirkt nicht: %1 hat die Taste</translation>
+    </message>
+    <message>
+        <source>Application</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Imported – confirm before it can run</source>
+        <translation>Importiert – wirkt erst nach Bestätigung</translation>
+    </message>
+    <message>
+        <source>Not found: %1</source>
+        <translation>Nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Not bound by this desktop</source>
+        <translation>Von diesem Desktop nicht vergeben</translation>
+    </message>
+    <message>
+        <source>Same key as “%1”</source>
+        <translation>Gleiche Taste wie „%1“</translation>
+    </message>
+    <message>
+        <source>Removed “%1”</source>
+        <translation>„%1“ entfernt</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::TargetChooser</name>
+    <message>
+        <source>Application</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>There is nothing at “%1”.</source>
+        <translation>Unter „%1“ ist nichts.</translation>
+    </message>
+    <message>
+        <source>Nothing found yet: the names on this computer are still being read.</source>
+        <translation>Noch nichts gefunden: Die Namen auf diesem Computer werden gerade gelesen.</translation>
+    </message>
+    <message>
+        <source>The names on this computer are still being read; more may follow.</source>
+        <translation>Die Namen auf diesem Computer werden gerade gelesen; es kann noch mehr kommen.</translation>
+    </message>
+    <message>
+        <source>No application is called “%1”.</source>
+        <translation>Kein Programm heißt „%1“.</translation>
+    </message>
+    <message>
+        <source>Nothing is called “%1”.</source>
+        <translation>Nichts heißt „%1“.</translation>
+    </message>
+</context>
+</TS>
