@@ -5,6 +5,7 @@
 #include "bench/Bench.h"
 #include "bench/ControlConnection.h"
 #include "bench/ProcessFigures.h"
+#include "tests/e2e/Chord.h"
 #include "tests/e2e/Fixtures.h"
 #include "tests/e2e/Waiting.h"
 
@@ -32,9 +33,13 @@ class PopoverRace {
 public:
     int run(int rounds) {
         requirePrograms(session_);
-        for (int index = 0; index < shortcuts; ++index) {
-            const QString name = QStringLiteral("Fixture%1").arg(index);
-            agent_.bind({name, e2e::installTerminal(session_, name), {}});
+        QStringList chords;
+        for (const char* modifiers : {"ctrl+alt+", "cmd+alt+"})
+            for (const QChar key : e2e::alphanumericKeys())
+                chords.append(QString::fromLatin1(modifiers) + key);
+        for (const QString& chord : chords.mid(0, shortcuts)) {
+            const QString name = QStringLiteral("Fixture ") + chord;
+            agent_.bind({name, e2e::installTerminal(session_, name), chord});
         }
         if (!agent_.start())
             giveUp(QStringLiteral("the agent does not answer"));

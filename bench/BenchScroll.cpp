@@ -28,7 +28,7 @@ int measure(int steps) {
     for (int index = 0; index < shortcuts; ++index)
         stage.list().addShortcut(QStringLiteral("/Users/person/Documents/Datei %1.txt").arg(index));
     stage.show({});
-    QQuickItem& list = stage.item(QStringLiteral("shortcutList"));
+    QQuickItem& list = stage.item(QStringLiteral("shortcuts"));
     Series again{QStringLiteral("the same picture again"), {}, 0};
     Series scrolled{QStringLiteral("after a scroll step"), {}, 0};
     const double height = list.property("contentHeight").toDouble() - list.height();

@@ -13,9 +13,9 @@
 #include "ui/QuickAlerts.h"
 #include "ui/QuickPanels.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QProcessEnvironment>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
@@ -28,8 +28,9 @@ namespace {
 using linuxdesktop::Session;
 using linuxdesktop::SessionKind;
 
-// A QGuiApplication for the session at hand. The platform plugin is handed over as an argument: in
-// the environment every program that is opened from here would inherit it.
+// The application object for the session at hand; one with widgets, because the tray's icon and
+// menu are. The platform plugin is handed over as an argument: in the environment every program
+// that is opened from here would inherit it.
 class SessionApplication {
 public:
     SessionApplication(int argc, char** argv)
@@ -44,7 +45,7 @@ public:
             argv_.push_back(argument.data());
         argv_.push_back(nullptr);
         argc_ = static_cast<int>(arguments_.size());
-        application_ = std::make_unique<QGuiApplication>(argc_, argv_.data());
+        application_ = std::make_unique<QApplication>(argc_, argv_.data());
         // Panels come and go; the agent stays.
         QGuiApplication::setQuitOnLastWindowClosed(false);
     }
@@ -56,7 +57,7 @@ private:
     std::vector<QByteArray> arguments_;
     std::vector<char*> argv_;
     int argc_ = 0;
-    std::unique_ptr<QGuiApplication> application_;
+    std::unique_ptr<QApplication> application_;
 };
 
 void nameApplication(const platform::AppInfo& app) {

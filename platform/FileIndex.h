@@ -51,6 +51,10 @@ public:
     [[nodiscard]] virtual Availability availability() const = 0;
     [[nodiscard]] virtual State state() const = 0;
 
+    // Called once by a program that will search: names are loaded or gathered from then on. Costs
+    // the caller nothing.
+    virtual void prepare() {}
+
     // The best `limit` items whose display name contains the text: names that begin with it first,
     // among equals applications first, then by name. `found` runs once on the main thread, never
     // from inside the call; dropping the search drops it.

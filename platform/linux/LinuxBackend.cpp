@@ -6,7 +6,6 @@
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
-#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/HeadlessPorts.h"
@@ -16,22 +15,43 @@
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SocketPeer.h"
 #include "platform/linux/WaylandWorkspace.h"
+#include "platform/linux/WindowKeyboardCapture.h"
 #include "platform/linux/X11ApplicationPorts.h"
 #include "platform/linux/X11Display.h"
 #include "platform/linux/X11Hotkeys.h"
 #include "platform/linux/X11KeyEvents.h"
 #include "platform/linux/X11KeyboardLayout.h"
 #include "platform/linux/X11Keymap.h"
+#include "platform/linux/index/LinuxFileIndex.h"
+#include "platform/linux/keys/LinuxDesktopShortcuts.h"
+#include "platform/linux/keys/X11KeyboardCapture.h"
+#include "platform/linux/shell/DBusNotifications.h"
+#include "platform/linux/shell/DetachedProcesses.h"
+#include "platform/linux/shell/FileManagerMenu.h"
+#include "platform/linux/shell/LinuxScreens.h"
+#include "platform/linux/shell/QtStatusItem.h"
+#include "platform/linux/shell/ThemeIcons.h"
+#include "platform/linux/shell/XdgLoginItem.h"
 
 namespace skipnest::linuxdesktop {
 namespace {
 
+QString baseFolder(const QProcessEnvironment& environment, const char* variable,
+                   const QString& home, const char* otherwise) {
+    const QString value = environment.value(QLatin1String(variable));
+    return value.startsWith(u'/') ? value : home + QLatin1String(otherwise);
+}
+
 // What every session has.
 struct Services {
-    explicit Services(const platform::AppInfo& app)
+    Services(const platform::AppInfo& app, const QProcessEnvironment& environment)
         : executor(scheduler), diagnostics(app.logFolder, scheduler, wallClock),
           defaults(files, app.supportFolder + QStringLiteral("/defaults.json")),
-          instances(app.runtimeFolder) {}
+          instances(app.runtimeFolder),
+          loginItem(files, app, baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
+          servicesMenu(files, app,
+                       baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
+                       baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -42,16 +62,28 @@ struct Services {
     LinuxBookmarks bookmarks;
     LinuxInstanceLock instances;
     SocketPeer peers;
-    platform::UnavailableKeyboardCapture keyboardCapture{{}};
-    platform::UnavailableDesktopShortcuts desktopShortcuts{scheduler, {}};
-    platform::UnavailableFileIndex fileIndex{scheduler, {}};
-    platform::UnavailableIconSource icons;
-    platform::UnavailableStatusItem statusItem{{}};
-    platform::UnavailableScreens screens;
-    platform::UnavailableLoginItem loginItem{{}};
-    platform::UnavailableServicesMenu servicesMenu{{}};
-    platform::UnavailableProcessLauncher processes{{}};
-    platform::UnavailableNotifications distributedNotifications{{}};
+    XdgLoginItem loginItem;
+    FileManagerMenu servicesMenu;
+    DetachedProcesses processes;
+    DBusNotifications distributedNotifications;
+};
+
+// What a session with or without X has on the screen and in its settings. `display` and `keymap`
+// are null without X.
+struct DesktopServices {
+    DesktopServices(Services& services, const platform::AppInfo& app,
+                    const QProcessEnvironment& environment, DesktopEntries& entries,
+                    X11Display* display, X11Keymap* keymap)
+        : desktopShortcuts(services.executor, display, keymap),
+          fileIndex(services.scheduler, services.executor, entries,
+                    IndexFolders::ofSession(app, environment)),
+          icons(entries), statusItem(services.scheduler, display), screens(display) {}
+
+    LinuxDesktopShortcuts desktopShortcuts;
+    LinuxFileIndex fileIndex;
+    ThemeIcons icons;
+    QtStatusItem statusItem;
+    LinuxScreens screens;
 };
 
 class X11Backend final : public platform::Backend {
@@ -59,7 +91,7 @@ public:
     // Null where Qt is not connected to an X server.
     static std::unique_ptr<platform::Backend>
     open(const platform::AppInfo& app, platform::Alerts& alerts, platform::PanelHost& panels) {
-        auto services = std::make_unique<Services>(app);
+        auto services = std::make_unique<Services>(app, QProcessEnvironment::systemEnvironment());
         auto display = X11Display::open(services->scheduler);
         if (!display)
             return nullptr;
@@ -82,6 +114,9 @@ private:
           hotkeys_(*display_, keymap_, services_->scheduler), layout_(keymap_),
           keyEvents_(*display_, keymap_, services_->scheduler),
           applications_(*display_, services_->scheduler, services_->executor),
+          keyboardCapture_(*display_, keymap_, services_->scheduler),
+          desktop_(*services_, app, QProcessEnvironment::systemEnvironment(), applications_.entries,
+                   display_.get(), &keymap_),
           ports_{app,
                  services_->scheduler,
                  services_->executor,
@@ -99,12 +134,12 @@ private:
                  alerts,
                  services_->instances,
                  services_->peers,
-                 services_->keyboardCapture,
-                 services_->desktopShortcuts,
-                 services_->fileIndex,
-                 services_->icons,
-                 services_->statusItem,
-                 services_->screens,
+                 keyboardCapture_,
+                 desktop_.desktopShortcuts,
+                 desktop_.fileIndex,
+                 desktop_.icons,
+                 desktop_.statusItem,
+                 desktop_.screens,
                  panels,
                  services_->loginItem,
                  services_->servicesMenu,
@@ -118,6 +153,8 @@ private:
     X11KeyboardLayout layout_;
     X11KeyEvents keyEvents_;
     X11ApplicationPorts applications_;
+    X11KeyboardCapture keyboardCapture_;
+    DesktopServices desktop_;
     platform::Ports ports_;
 };
 
@@ -125,38 +162,41 @@ class HeadlessBackend final : public platform::Backend {
 public:
     HeadlessBackend(const platform::AppInfo& app, SessionKind session, platform::Alerts& alerts,
                     platform::PanelHost& panels)
-        : services_(app), session_(session), entries_(services_.scheduler, services_.executor),
-          hotkeys_(session), keyEvents_(session),
+        : services_(app, QProcessEnvironment::systemEnvironment()), session_(session),
+          entries_(services_.scheduler, services_.executor), hotkeys_(session), keyEvents_(session),
           workspace_(session, waylandSocketPath(QProcessEnvironment::systemEnvironment()), entries_,
                      services_.scheduler, services_.executor),
-          scripts_(session), ports_{app,
-                                    services_.scheduler,
-                                    services_.executor,
-                                    services_.wallClock,
-                                    services_.diagnostics,
-                                    hotkeys_,
-                                    layout_,
-                                    keyEvents_,
-                                    workspace_,
-                                    control_,
-                                    scripts_,
-                                    services_.bookmarks,
-                                    services_.files,
-                                    services_.defaults,
-                                    alerts,
-                                    services_.instances,
-                                    services_.peers,
-                                    services_.keyboardCapture,
-                                    services_.desktopShortcuts,
-                                    services_.fileIndex,
-                                    services_.icons,
-                                    services_.statusItem,
-                                    services_.screens,
-                                    panels,
-                                    services_.loginItem,
-                                    services_.servicesMenu,
-                                    services_.processes,
-                                    services_.distributedNotifications} {}
+          scripts_(session), keyboardCapture_(session, services_.scheduler),
+          desktop_(services_, app, QProcessEnvironment::systemEnvironment(), entries_, nullptr,
+                   nullptr),
+          ports_{app,
+                 services_.scheduler,
+                 services_.executor,
+                 services_.wallClock,
+                 services_.diagnostics,
+                 hotkeys_,
+                 layout_,
+                 keyEvents_,
+                 workspace_,
+                 control_,
+                 scripts_,
+                 services_.bookmarks,
+                 services_.files,
+                 services_.defaults,
+                 alerts,
+                 services_.instances,
+                 services_.peers,
+                 keyboardCapture_,
+                 desktop_.desktopShortcuts,
+                 desktop_.fileIndex,
+                 desktop_.icons,
+                 desktop_.statusItem,
+                 desktop_.screens,
+                 panels,
+                 services_.loginItem,
+                 services_.servicesMenu,
+                 services_.processes,
+                 services_.distributedNotifications} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {
@@ -177,6 +217,8 @@ private:
     WaylandWorkspace workspace_;
     HeadlessApplications control_;
     HeadlessScripts scripts_;
+    WindowKeyboardCapture keyboardCapture_;
+    DesktopServices desktop_;
     platform::Ports ports_;
 };
 

@@ -36,6 +36,7 @@ list(APPEND LINUX_SOURCES
     TerminationSignals.cpp
     WaylandActivation.cpp
     WaylandWorkspace.cpp
+    WindowKeyboardCapture.cpp
     ${XDG_ACTIVATION_CODE}
     ${XDG_ACTIVATION_HEADER}
 )

@@ -143,4 +143,18 @@ bool isTaken(XConnection& connection, const Chord& chord) {
     return !free;
 }
 
+bool isKeyboardHeld(XConnection& connection) {
+    xcb_grab_server(connection.raw());
+    const auto cookie = xcb_grab_keyboard(connection.raw(), 0, connection.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const XReply<xcb_grab_keyboard_reply_t> reply(
+        xcb_grab_keyboard_reply(connection.raw(), cookie, nullptr));
+    const bool free = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    if (free)
+        xcb_ungrab_keyboard(connection.raw(), XCB_CURRENT_TIME);
+    xcb_ungrab_server(connection.raw());
+    connection.sync();
+    return !free;
+}
+
 } // namespace skipnest::e2e

@@ -72,5 +72,7 @@ private:
 // Whether any client holds the chord. Tried with the server held, so that no registration that is
 // under way at that moment can be refused because of the question.
 [[nodiscard]] bool isTaken(XConnection& connection, const struct Chord& chord);
+// Whether another client has the whole keyboard; tried in the same way.
+[[nodiscard]] bool isKeyboardHeld(XConnection& connection);
 
 } // namespace skipnest::e2e
