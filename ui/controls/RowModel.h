@@ -21,7 +21,7 @@ protected:
     // Makes `rows` equal to `wanted`. Row::key() says which rows are the same one; a row that is
     // wanted twice is kept twice.
     template <typename Row>
-        requires std::equality_comparable<Row>
+    requires std::equality_comparable<Row>
     void apply(std::vector<Row>& rows, std::vector<Row> wanted) {
         const auto same = [](const Row& row) {
             return [key = row.key()](const Row& other) { return other.key() == key; };

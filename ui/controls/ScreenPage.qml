@@ -16,6 +16,9 @@ FocusScope {
 
     signal back
 
+    // Of the loader that made the screen; what in the screen gets the keyboard says so itself.
+    focus: true
+
     Accessible.role: Accessible.Pane
     Accessible.name: page.title
 
