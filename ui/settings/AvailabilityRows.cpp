@@ -85,10 +85,8 @@ QVariant AvailabilityRows::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> AvailabilityRows::roleNames() const {
-    return {{titleRole, "title"},
-            {stateRole, "state"},
-            {reasonRole, "reason"},
-            {remedyRole, "remedy"}};
+    return {
+        {titleRole, "title"}, {stateRole, "state"}, {reasonRole, "reason"}, {remedyRole, "remedy"}};
 }
 
 } // namespace skipnest::ui

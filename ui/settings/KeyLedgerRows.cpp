@@ -107,13 +107,13 @@ void KeyLedgerRows::summarize() {
     int refused = 0;
     int desktop = 0;
     for (const KeyLedger::Row& row : agent_.ledger().rows())
-        ++(row.holder == Holder::refused ? refused
+        ++(row.holder == Holder::refused   ? refused
            : row.holder == Holder::desktop ? desktop
                                            : ours);
-    const QString text = QStringList{tr("%n of Skipnest", nullptr, ours),
-                                     tr("%n refused", nullptr, refused),
-                                     tr("%n of the desktop", nullptr, desktop)}
-                             .join(QStringLiteral(" · "));
+    const QString text =
+        QStringList{tr("%n of Skipnest", nullptr, ours), tr("%n refused", nullptr, refused),
+                    tr("%n of the desktop", nullptr, desktop)}
+            .join(QStringLiteral(" · "));
     hasRefused_ = refused > 0;
     if (std::exchange(summary_, text) != text)
         Q_EMIT summaryChanged();

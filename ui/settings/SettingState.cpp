@@ -2,6 +2,7 @@
 #include "ui/settings/SettingState.h"
 
 #include "app/AppDelegate.h"
+#include "platform/Diagnostics.h"
 #include "platform/UserDefaults.h"
 #include "ui/ComboWording.h"
 
@@ -42,8 +43,10 @@ platform::ModifierStyle styleFor(app::AppDelegate& agent) {
 
 // Who shows settings hears of these where it hears of those in the document.
 void setDefault(const Setting& setting, const QJsonValue& value, app::AppDelegate& agent) {
-    // A failed write is in the log already, and the running program has the new value.
-    (void)agent.ports().defaults.setValue(QString::fromLatin1(setting.key), value);
+    const QString key = QString::fromLatin1(setting.key);
+    if (const auto stored = agent.ports().defaults.setValue(key, value); !stored)
+        agent.ports().diagnostics.log(u"settings: " % key % u" holds until the end of this run, " %
+                                      stored.failure().detail);
     Q_EMIT agent.viewModel().settingsChanged();
 }
 
@@ -106,9 +109,8 @@ struct Reading {
 bool SettingState::matches(const QStringList& words) const {
     const QString all =
         title % u' ' % description % u' ' % name % u' ' % options.join(u' ') % u' ' % note;
-    return std::ranges::all_of(words, [&all](const QString& word) {
-        return all.contains(word, Qt::CaseInsensitive);
-    });
+    return std::ranges::all_of(
+        words, [&all](const QString& word) { return all.contains(word, Qt::CaseInsensitive); });
 }
 
 SettingState settingState(const Setting& setting, app::AppDelegate& agent) {

@@ -2,11 +2,7 @@
 #include "ui/settings/SettingsModel.h"
 
 #include "app/AppDelegate.h"
-#include "ui/editor/RecorderFace.h"
-#include "ui/settings/AvailabilityRows.h"
-#include "ui/settings/KeyLedgerRows.h"
 #include "ui/settings/SettingRows.h"
-#include "ui/settings/VocabularyRows.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -27,10 +23,11 @@ model::KeyCombo comboOf(const ComboSetting& setting, const AppConfiguration& con
     return (config.*setting.value)();
 }
 
-// Emptied lists leave the document: an empty list is the default.
-template <typename List> void dropIfEmpty(std::optional<List>& list) {
-    if (list && list->empty())
-        list.reset();
+// An emptied list leaves the document: no words is the default.
+template <auto list> void dropIfEmpty(model::ShortcutListViewModel& settings) {
+    const auto& stored = settings.config().*list;
+    if (stored && stored->empty())
+        settings.changeSettings([](AppConfiguration& config) { (config.*list).reset(); });
 }
 
 } // namespace
@@ -118,9 +115,8 @@ void SettingsModel::setFilter(const QString& filter) {
 
 bool SettingsModel::isFound(const QString& text) const {
     const QStringList words = filter_.split(u' ', Qt::SkipEmptyParts);
-    return std::ranges::all_of(words, [&text](const QString& word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    });
+    return std::ranges::all_of(
+        words, [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
 }
 
 bool SettingsModel::showsKeys() const {
@@ -175,8 +171,7 @@ void SettingsModel::addTerm(const QString& term) {
 
 void SettingsModel::removeTerm(const QString& term) {
     agent_.viewModel().removeTerm(term);
-    agent_.viewModel().changeSettings(
-        [](AppConfiguration& config) { dropIfEmpty(config.vocabularyTerms); });
+    dropIfEmpty<&AppConfiguration::vocabularyTerms>(agent_.viewModel());
 }
 
 void SettingsModel::addAlias(const QString& heard, const QString& canonical) {
@@ -185,8 +180,7 @@ void SettingsModel::addAlias(const QString& heard, const QString& canonical) {
 
 void SettingsModel::removeAlias(const QString& heard) {
     agent_.viewModel().removeAlias(heard);
-    agent_.viewModel().changeSettings(
-        [](AppConfiguration& config) { dropIfEmpty(config.vocabularyAliases); });
+    dropIfEmpty<&AppConfiguration::vocabularyAliases>(agent_.viewModel());
 }
 
 void SettingsModel::copyReport() const {

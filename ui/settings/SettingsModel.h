@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ui/editor/RecorderFace.h"
+#include "ui/settings/AvailabilityRows.h"
+#include "ui/settings/KeyLedgerRows.h"
+#include "ui/settings/VocabularyRows.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -16,11 +21,7 @@ class AppDelegate;
 
 namespace skipnest::ui {
 
-class AvailabilityRows;
-class KeyLedgerRows;
-class RecorderFace;
 class SettingRows;
-class VocabularyRows;
 
 // The settings screen: every setting by section, the words of the voice search, who has which key,
 // and what works here. Verbs name a setting by its key in the document ("themeRaw") or in the user

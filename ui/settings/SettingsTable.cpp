@@ -60,16 +60,15 @@ constexpr ChoiceSetting menuBarIcon{
 constexpr ChoiceSetting theme{
     ChoiceSetting::Look::bar,
     [](const AppConfiguration&, ModifierStyle) {
-        return std::vector<SettingOption>{
-            {model::themeName(model::Theme::light),
-             QCoreApplication::translate("Settings", "Light"),
-             {}},
-            {model::themeName(model::Theme::dark),
-             QCoreApplication::translate("Settings", "Dark"),
-             {}},
-            {model::themeName(model::Theme::brand),
-             QCoreApplication::translate("Settings", "Skipnest"),
-             {}}};
+        return std::vector<SettingOption>{{model::themeName(model::Theme::light),
+                                           QCoreApplication::translate("Settings", "Light"),
+                                           {}},
+                                          {model::themeName(model::Theme::dark),
+                                           QCoreApplication::translate("Settings", "Dark"),
+                                           {}},
+                                          {model::themeName(model::Theme::brand),
+                                           QCoreApplication::translate("Settings", "Skipnest"),
+                                           {}}};
     },
     [](const AppConfiguration& c) { return model::themeName(c.themeOrDefault()); },
     [](const AppConfiguration& c) { return c.themeRaw.has_value(); },
@@ -139,9 +138,8 @@ constexpr ChoiceSetting voiceLanguage{
     [](const AppConfiguration& c) { return c.voiceLanguage.has_value(); },
     [](AppConfiguration& c, const std::optional<QString>& raw) { c.voiceLanguage = raw; }};
 
-constexpr DefaultsSwitch comboGlyphs{[](const platform::AppInfo& app) {
-    return app.modifierStyle == ModifierStyle::glyphs;
-}};
+constexpr DefaultsSwitch comboGlyphs{
+    [](const platform::AppInfo& app) { return app.modifierStyle == ModifierStyle::glyphs; }};
 
 platform::Availability statusItem(const Ports& ports) {
     return ports.statusItem.availability();
@@ -226,8 +224,7 @@ constexpr auto settingTable = std::to_array<Setting>({
     {"voiceLanguage", voice, QT_TRANSLATE_NOOP("Settings", "Spoken language"),
      QT_TRANSLATE_NOOP("Settings", "The language that is listened for."), voiceLanguage},
     {"voiceCleanup", voice, QT_TRANSLATE_NOOP("Settings", "Tidy up dictated messages"),
-     QT_TRANSLATE_NOOP("Settings",
-                       "Slips of the tongue are put right before a message is typed."),
+     QT_TRANSLATE_NOOP("Settings", "Slips of the tongue are put right before a message is typed."),
      optionalSwitch<&Config::voiceCleanup, &Config::voiceCleanupOrDefault>()},
     {"vocabularyTerms", voice, QT_TRANSLATE_NOOP("Settings", "Words to know"),
      QT_TRANSLATE_NOOP("Settings", "Names and words that recognition should expect."),

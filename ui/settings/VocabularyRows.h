@@ -8,7 +8,7 @@
 namespace skipnest::ui {
 
 // Words that recognition should know, or what is misheard and what it is read as.
-class VocabularyRows final : public RowModel {
+class VocabularyRows : public RowModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the settings")
@@ -21,7 +21,7 @@ public:
         bool operator==(const Row&) const = default;
     };
 
-    using RowModel::RowModel;
+    explicit VocabularyRows(QObject* parent) : RowModel(parent) {}
     void update(std::vector<Row> rows) { apply(rows_, std::move(rows)); }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,0 +1,434 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/ui/UiStage.h"
+
+#include "model/ConfigurationCoding.h"
+#include "ui/PopoverModel.h"
+#include "ui/settings/KeyLedgerRows.h"
+#include "ui/settings/SettingRows.h"
+#include "ui/settings/SettingsModel.h"
+#include "ui/settings/SettingsTable.h"
+#include "ui/settings/VocabularyRows.h"
+
+#include <QAbstractItemModelTester>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QQuickItem>
+
+#include <gmock/gmock.h>
+
+namespace skipnest::ui {
+namespace {
+
+using namespace Qt::StringLiterals;
+using model::AppConfiguration;
+using model::KeyCombo;
+using model::ModifierFlags;
+using platform::CarbonModifiers;
+using platform::EventFlags;
+using sim::HotkeyCombo;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr std::uint16_t keyJ = 38;
+constexpr std::uint16_t keyRight = 124;
+constexpr std::uint32_t controlOption = CarbonModifiers::control | CarbonModifiers::option;
+
+class SettingsTest : public testing::Test {
+protected:
+    void start() {
+        stage_.launch();
+        stage_.show({platform::PopoverScreen::settings, {}});
+    }
+    SettingsModel& settings() { return *stage_.panels().popoverModel().settings(); }
+    QJsonObject stored(const QString& file) {
+        const auto bytes =
+            stage_.desk().files().content(stage_.desk().appInfo().supportFolder + u'/' + file);
+        return QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
+    }
+    QJsonValue inDocument(const QString& key) { return stored(u"config.json"_s).value(key); }
+    std::vector<HotkeyCombo> bound() {
+        std::vector<HotkeyCombo> combos;
+        for (const auto& request : stage_.desk().hotkeys().registered())
+            combos.push_back({request.keyCode, request.carbonModifiers});
+        return combos;
+    }
+    // By its name in the screen, with the keyboard on it.
+    void focus(const QString& objectName) {
+        stage_.item(objectName).forceActiveFocus(Qt::TabFocusReason);
+        stage_.settle();
+    }
+    // By keyboard, which also scrolls there.
+    void pressButton(const QString& objectName) {
+        focus(objectName);
+        stage_.press(Qt::Key_Space);
+    }
+    QString shownText(const QString& objectName) {
+        return stage_.item(objectName).property("text").toString();
+    }
+
+    test::UiStage stage_;
+};
+
+TEST_F(SettingsTest, ofEveryKeyOfTheDocumentThatAPersonChooses) {
+    AppConfiguration full;
+    full.shiftToHide = full.windowCycling = full.didOnboard = full.crashReports = true;
+    full.preciseWindowSwitching = full.windowSwitcher = full.quickCapture = true;
+    full.browserTabSwitching = full.voiceSearch = full.voiceCleanup = true;
+    full.hideModifierRaw = 1;
+    full.nextWindowCombo = full.prevWindowCombo = full.voiceCombo = KeyCombo{};
+    full.themeRaw = full.voiceLanguage = full.voiceTrigger = u"x"_s;
+    full.seenOnboardingVersion = 1;
+    full.vocabularyTerms = QStringList{u"x"_s};
+    full.vocabularyAliases = {{u"x"_s, u"y"_s, {}}};
+
+    QStringList keys = model::toJson(full).keys();
+    for (const auto& notASetting :
+         {u"version"_s, u"shortcuts"_s, u"didOnboard"_s, u"seenOnboardingVersion"_s})
+        keys.removeOne(notASetting);
+    for (const QString& key : keys)
+        EXPECT_NE(findSetting(key), nullptr) << qPrintable(key);
+}
+
+// A setting, what a person does to it, and what the document says then.
+struct Change {
+    QString key;
+    std::variant<bool, int> act; // on or off, or an option
+    QJsonValue written;
+};
+class Changed : public SettingsTest, public testing::WithParamInterface<Change> {};
+
+TEST_P(Changed, settingIsWrittenAndLeavesTheDocumentAgain) {
+    const Change& change = GetParam();
+    const QString& key = change.key;
+    start();
+    stage_.list().commit(); // there is a document
+    const QJsonValue before = inDocument(key);
+    if (const bool* on = std::get_if<bool>(&change.act))
+        settings().setOn(key, *on);
+    else
+        settings().choose(key, std::get<int>(change.act));
+    EXPECT_EQ(inDocument(key), change.written);
+    stage_.settle();
+    EXPECT_TRUE(stage_.hasItem(key + u"Reset"_s));
+
+    settings().reset(key);
+    stage_.settle();
+    EXPECT_EQ(inDocument(key), before);
+    EXPECT_FALSE(stage_.hasItem(key + u"Reset"_s));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , Changed,
+    testing::Values(
+        Change{u"themeRaw"_s, 1, u"dark"_s}, Change{u"menuBarIconName"_s, 2, u"bolt"_s},
+        Change{u"launchAtLogin"_s, true, true}, Change{u"shiftToHide"_s, false, false},
+        Change{u"hideModifierRaw"_s, 3, 1}, Change{u"windowCycling"_s, true, true},
+        Change{u"windowSwitcher"_s, false, false}, Change{u"preciseWindowSwitching"_s, true, true},
+        Change{u"browserTabSwitching"_s, false, false}, Change{u"quickCapture"_s, false, false},
+        Change{u"voiceSearch"_s, false, false}, Change{u"voiceTrigger"_s, 3, u"off"_s},
+        Change{u"voiceLanguage"_s, 1, u"de-DE"_s}, Change{u"voiceCleanup"_s, false, false},
+        Change{u"crashReports"_s, true, true}));
+
+TEST_F(SettingsTest, anOptionThatDoesNotExistChangesNothing) {
+    start();
+    settings().choose(u"themeRaw"_s, 3);
+    settings().choose(u"themeRaw"_s, -1);
+    settings().setOn(u"themeRaw"_s, true);
+    settings().setOn(u"nobody"_s, true);
+    EXPECT_TRUE(inDocument(u"themeRaw"_s).isUndefined());
+}
+
+TEST_F(SettingsTest, aValueOfANewerProgramIsShownAsWhatItCountsAs) {
+    model::AppConfiguration config;
+    config.voiceTrigger = u"ctrl"_s;
+    config.hideModifierRaw = 9;
+    config.voiceLanguage = u"tlh-Klingon-x"_s;
+    stage_.desk().files().put(stage_.desk().appInfo().supportFolder + u"/config.json"_s,
+                              model::encodeConfiguration(config));
+    start();
+    EXPECT_EQ(stage_.item(u"voiceTrigger"_s).property("current").toInt(), 0);
+    EXPECT_EQ(stage_.item(u"hideModifierRaw"_s).property("current").toInt(), -1);
+    EXPECT_EQ(stage_.item(u"voiceLanguage"_s).property("currentText").toString(), u"tlh-Klingon-x");
+}
+
+TEST_F(SettingsTest, hotkeysFollowTheSettingsThatFeedThem) {
+    stage_.desk().installApp({.name = u"Notes"_s, .path = u"/Applications/Notes.app"_s});
+    start();
+    stage_.list().addShortcut(u"/Applications/Notes.app"_s, KeyCombo{keyJ, ModifierFlags::control},
+                              std::nullopt);
+    EXPECT_THAT(bound(),
+                Contains(HotkeyCombo{keyJ, CarbonModifiers::control | CarbonModifiers::shift}));
+
+    focus(u"shiftToHide"_s);
+    stage_.press(Qt::Key_Space);
+    EXPECT_THAT(bound(), Not(Contains(HotkeyCombo{keyJ, CarbonModifiers::control |
+                                                            CarbonModifiers::shift})));
+    pressButton(u"shiftToHideReset"_s);
+    EXPECT_THAT(bound(),
+                Contains(HotkeyCombo{keyJ, CarbonModifiers::control | CarbonModifiers::shift}));
+
+    focus(u"hideModifierRaw"_s);
+    stage_.press(Qt::Key_Left);
+    EXPECT_THAT(bound(), Contains(HotkeyCombo{keyJ, controlOption}));
+
+    EXPECT_THAT(bound(), Not(Contains(HotkeyCombo{keyRight, controlOption})));
+    focus(u"windowCycling"_s);
+    stage_.press(Qt::Key_Return);
+    EXPECT_THAT(bound(), Contains(HotkeyCombo{keyRight, controlOption}));
+}
+
+TEST_F(SettingsTest, aComboIsRecordedByPressingIt) {
+    start();
+    settings().setOn(u"windowCycling"_s, true);
+    focus(u"nextWindowComboBox"_s);
+    stage_.press(Qt::Key_Return);
+    ASSERT_TRUE(stage_.desk().keyboardCapture().isCaptured());
+    EventFlags held;
+    held.bits = EventFlags::control | EventFlags::command;
+    stage_.desk().keyboardCapture().press(keyJ, held);
+    stage_.settle();
+
+    EXPECT_EQ(inDocument(u"nextWindowCombo"_s).toObject().value(u"keyCode"_s), int(keyJ));
+    EXPECT_THAT(bound(),
+                Contains(HotkeyCombo{keyJ, CarbonModifiers::control | CarbonModifiers::command}));
+
+    pressButton(u"nextWindowComboReset"_s);
+    EXPECT_TRUE(inDocument(u"nextWindowCombo"_s).isUndefined());
+    EXPECT_THAT(bound(), Contains(HotkeyCombo{keyRight, controlOption}));
+}
+
+TEST_F(SettingsTest, leavingTheScreenEndsARecording) {
+    start();
+    settings().recorder(u"voiceCombo"_s)->start();
+    ASSERT_TRUE(stage_.desk().keyboardCapture().isCaptured());
+    // A second recorder takes over, and there is still only one.
+    settings().recorder(u"nextWindowCombo"_s)->start();
+    EXPECT_FALSE(settings().recorder(u"voiceCombo"_s)->isRecording());
+    stage_.panels().popoverModel().back();
+    EXPECT_FALSE(stage_.desk().keyboardCapture().isCaptured());
+    EXPECT_FALSE(stage_.list().hotkeysSuspended());
+}
+
+TEST_F(SettingsTest, glyphsAreKeptBesideTheDocument) {
+    start();
+    const auto keys = [this] { return settings().recorder(u"voiceCombo"_s)->keys(); };
+    const QStringList before = keys();
+    settings().setOn(u"sk.comboGlyphs"_s, before.contains(u"Ctrl"_s));
+    EXPECT_NE(keys(), before);
+    EXPECT_TRUE(stored(u"defaults.json"_s).value(u"sk.comboGlyphs"_s).isBool());
+    EXPECT_TRUE(inDocument(u"sk.comboGlyphs"_s).isUndefined());
+
+    settings().reset(u"sk.comboGlyphs"_s);
+    EXPECT_EQ(keys(), before);
+    EXPECT_FALSE(stored(u"defaults.json"_s).contains(u"sk.comboGlyphs"_s));
+}
+
+TEST_F(SettingsTest, aLanguageIsPickedByKeyboard) {
+    start();
+    focus(u"voiceLanguage"_s);
+    stage_.press(Qt::Key_Return);
+    stage_.press(Qt::Key_Down);
+    stage_.press(Qt::Key_Down);
+    EXPECT_TRUE(inDocument(u"voiceLanguage"_s).isUndefined());
+    stage_.press(Qt::Key_Return);
+    EXPECT_EQ(inDocument(u"voiceLanguage"_s), u"en-GB"_s);
+    // Unfolded, Escape folds it; folded, it leaves the screen.
+    stage_.press(Qt::Key_Return);
+    stage_.press(Qt::Key_Escape);
+    EXPECT_EQ(stage_.panels().popoverModel().screen(), u"settings");
+    stage_.press(Qt::Key_Escape);
+    EXPECT_EQ(stage_.panels().popoverModel().screen(), u"list");
+}
+
+TEST_F(SettingsTest, wordsAreTypedAndTakenOut) {
+    start();
+    focus(u"vocabularyTermsHeard"_s);
+    stage_.type(u" Kubernetes "_s);
+    stage_.press(Qt::Key_Return);
+    stage_.type(u"   "_s);
+    stage_.press(Qt::Key_Return);
+    EXPECT_EQ(inDocument(u"vocabularyTerms"_s), QJsonValue(QJsonArray{u"Kubernetes"_s}));
+
+    focus(u"vocabularyAliasesHeard"_s);
+    stage_.type(u"cloud"_s);
+    stage_.press(Qt::Key_Return); // goes on to what is meant
+    stage_.type(u"Claude"_s);
+    stage_.press(Qt::Key_Return);
+    EXPECT_EQ(inDocument(u"vocabularyAliases"_s),
+              QJsonValue(QJsonArray{
+                  QJsonObject{{u"heard"_s, u"cloud"_s}, {u"canonical"_s, u"Claude"_s}}}));
+
+    pressButton(u"vocabularyTermsRemove0"_s);
+    EXPECT_TRUE(inDocument(u"vocabularyTerms"_s).isUndefined());
+    pressButton(u"vocabularyAliasesRemove0"_s);
+    EXPECT_TRUE(inDocument(u"vocabularyAliases"_s).isUndefined());
+}
+
+TEST_F(SettingsTest, theSearchTakesRowsOutAndPutsThemBack) {
+    start();
+    auto* shortcuts = qobject_cast<SettingRows*>(settings().sections().at(1));
+    const QAbstractItemModelTester tester(shortcuts,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const int all = shortcuts->count();
+    bool wasReset = false;
+    QObject::connect(shortcuts, &QAbstractItemModel::modelReset, shortcuts,
+                     [&wasReset] { wasReset = true; });
+
+    // The field has the keyboard when the screen opens.
+    stage_.type(u"window next"_s);
+    EXPECT_EQ(shortcuts->count(), 1);
+    EXPECT_TRUE(stage_.hasItem(u"nextWindowCombo"_s));
+    EXPECT_FALSE(stage_.hasItem(u"themeRaw"_s));
+    settings().setFilter(u"SHORTCUTS"_s); // the section's title
+    EXPECT_EQ(shortcuts->count(), all);
+    settings().setFilter(u"no such thing"_s);
+    EXPECT_TRUE(settings().findsNothing());
+    settings().setFilter({});
+    EXPECT_EQ(shortcuts->count(), all);
+    EXPECT_FALSE(wasReset);
+}
+
+TEST_F(SettingsTest, whatIsLimitedHereIsSaidWithItsRemedy) {
+    stage_.desk().hotkeys().setAvailability(
+        {platform::Availability::State::limited, u"No keys here."_s, u"Log in to X11."_s});
+    start();
+    EXPECT_EQ(shownText(u"nextWindowComboNote"_s), u"No keys here. Log in to X11.");
+    pressButton(u"copyReport"_s);
+    const QString report = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(report.contains(u"limited No keys here."_s)) << qPrintable(report);
+    EXPECT_TRUE(report.contains(stage_.desk().appInfo().version));
+}
+
+class LedgerTest : public SettingsTest {
+protected:
+    void SetUp() override {
+        auto& desk = stage_.desk();
+        desk.installApp({.name = u"Notes"_s, .path = u"/Applications/Notes.app"_s});
+        desk.hotkeys().refuse({keyJ, CarbonModifiers::control | CarbonModifiers::shift}, 10);
+        desk.desktopShortcuts().set(
+            {{{keyJ, CarbonModifiers::control | CarbonModifiers::shift, u"openbox"_s, u"Execute"_s},
+              {keyRight, CarbonModifiers::command, u"openbox"_s, u"GrowToEdge"_s},
+              {96,
+               controlOption,
+               u"the virtual terminals"_s,
+               {},
+               platform::DesktopShortcut::Effect::neverFires}},
+             false,
+             {},
+             {}});
+        start();
+        stage_.list().addShortcut(u"/Applications/Notes.app"_s,
+                                  KeyCombo{keyJ, ModifierFlags::control}, std::nullopt);
+        stage_.settle();
+    }
+    std::vector<std::string> rows() {
+        std::vector<std::string> lines;
+        const KeyLedgerRows& ledger = *settings().ledger();
+        const auto roles = ledger.roleNames();
+        for (int i = 0; i < ledger.rowCount(); ++i) {
+            const QModelIndex row = ledger.index(i);
+            const auto text = [&](const char* role) {
+                return ledger.data(row, roles.key(role)).toString();
+            };
+            lines.push_back((text("group") + u" | "_s + text("holder")).toStdString());
+        }
+        return lines;
+    }
+};
+
+TEST_F(LedgerTest, saysWhoHasWhichKey) {
+    const QAbstractItemModelTester tester(settings().ledger(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_THAT(rows(), ElementsAre("Skipnest | Skipnest: Notes", "Skipnest | Skipnest: voice",
+                                    "Refused to Skipnest | Refused: openbox has it (hide Notes)",
+                                    "The desktop | openbox: GrowToEdge",
+                                    "The desktop | the virtual terminals"));
+
+    // A combo of ours on a key that never arrives; the row of the desktop becomes ours.
+    stage_.list().changeSettings([](AppConfiguration& config) {
+        config.voiceCombo = KeyCombo{96, {6}};
+    });
+    EXPECT_THAT(rows(), Contains("Skipnest | never fires: the virtual terminals (voice)"));
+    EXPECT_THAT(rows(), Not(Contains("The desktop | the virtual terminals")));
+
+    settings().ledger()->setFilter(u"notes openbox"_s);
+    EXPECT_THAT(rows(), ElementsAre("Refused to Skipnest | Refused: openbox has it (hide Notes)"));
+    settings().ledger()->setFilter(u"nobody"_s);
+    EXPECT_THAT(rows(), IsEmpty());
+}
+
+TEST_F(LedgerTest, isAPageOfItsOwnWithTheKeyboardInItsField) {
+    pressButton(u"showKeys"_s);
+    ASSERT_TRUE(stage_.hasItem(u"ledgerList"_s));
+    stage_.type(u"grow"_s);
+    EXPECT_THAT(rows(), ElementsAre("The desktop | openbox: GrowToEdge"));
+    stage_.press(Qt::Key_Escape);
+    EXPECT_FALSE(stage_.hasItem(u"ledgerList"_s));
+    EXPECT_TRUE(stage_.hasItem(u"findSetting"_s));
+    EXPECT_EQ(stage_.panels().popoverModel().screen(), u"settings");
+}
+
+// What a view is told when a list becomes another one; "a+" is row a put in, "a-" taken out.
+struct Edit {
+    QString before;
+    QString after;
+    const char* operations;
+};
+class RowEdits : public testing::TestWithParam<Edit> {
+protected:
+    static std::vector<VocabularyRows::Row> rows(const QString& text) {
+        std::vector<VocabularyRows::Row> rows;
+        for (const QString& word : text.split(u' ', Qt::SkipEmptyParts))
+            rows.push_back({word.section(u'=', 0, 0), word.section(u'=', 1)});
+        return rows;
+    }
+};
+
+TEST_P(RowEdits, areAppliedOneByOne) {
+    VocabularyRows list(nullptr);
+    list.update(rows(GetParam().before));
+    const QAbstractItemModelTester tester(&list,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QStringList seen;
+    const auto note = [&seen](const QString& what, int first, int last) {
+        seen.append(u"%1%2-%3"_s.arg(what).arg(first).arg(last));
+    };
+    using Model = QAbstractItemModel;
+    QObject::connect(&list, &Model::rowsInserted, &list,
+                     [&](const QModelIndex&, int a, int b) { note(u"in"_s, a, b); });
+    QObject::connect(&list, &Model::rowsRemoved, &list,
+                     [&](const QModelIndex&, int a, int b) { note(u"out"_s, a, b); });
+    QObject::connect(&list, &Model::rowsMoved, &list,
+                     [&](const QModelIndex&, int from, int, const QModelIndex&, int to) {
+                         note(u"move"_s, from, to);
+                     });
+    QObject::connect(
+        &list, &Model::dataChanged, &list,
+        [&](const QModelIndex& a, const QModelIndex& b) { note(u"change"_s, a.row(), b.row()); });
+    list.update(rows(GetParam().after));
+    EXPECT_EQ(seen.join(u' ').toStdString(), GetParam().operations);
+
+    QStringList result;
+    for (int i = 0; i < list.rowCount(); ++i)
+        result.append(list.data(list.index(i), Qt::UserRole).toString());
+    QStringList wanted;
+    for (const auto& row : rows(GetParam().after))
+        wanted.append(row.heard);
+    EXPECT_EQ(result, wanted);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , RowEdits,
+    testing::Values(Edit{u""_s, u"a b"_s, "in0-0 in1-1"}, Edit{u"a b c"_s, u"a c"_s, "out1-1"},
+                    Edit{u"a b c"_s, u"c a b"_s, "move2-0"},
+                    Edit{u"a=1 b=2"_s, u"a=1 b=3"_s, "change1-1"},
+                    Edit{u"a b c"_s, u"d c=9"_s, "out1-1 out0-0 in0-0 change1-1"},
+                    Edit{u"a a"_s, u"a"_s, "out1-1"}, Edit{u"a"_s, u"a"_s, ""}));
+
+} // namespace
+} // namespace skipnest::ui
