@@ -60,6 +60,8 @@ void PopoverModel::close() {
 }
 
 void PopoverModel::addDropped(const QStringList& urls) {
+    if (route_.screen == PopoverScreen::importing && !urls.isEmpty())
+        return importer_->choose(urls.first());
     if (const auto added = agent_.shell().addDropped(urls); !added)
         Q_EMIT problem(added.failure().detail);
 }

@@ -54,7 +54,7 @@ public:
     Q_INVOKABLE void edit(const QString& id);
     Q_INVOKABLE void back();
     Q_INVOKABLE void close();
-    // Dropped on the popover: URLs of files and folders.
+    // Dropped on the popover: URLs of files and folders. An import takes the first for its file.
     Q_INVOKABLE void addDropped(const QStringList& urls);
     // The popover was hidden: recordings, searches and the like end.
     void wasHidden();

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QObject>
+#include "platform/Result.h"
+#include "ui/controls/RowModel.h"
+
+#include <QString>
 #include <qqmlintegration.h>
 
 namespace skipnest::app {
@@ -10,17 +13,73 @@ class AppDelegate;
 
 namespace skipnest::ui {
 
+// Where an export can go, in the order of model::ExportDestination.
+class ExportDestinations : public RowModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the export")
+public:
+    struct Row {
+        QString folder; // a path
+        QString name;   // the folder's own name
+        QString detail; // where it is, and whether an export of today is there already
+
+        [[nodiscard]] const QString& key() const { return folder; }
+        bool operator==(const Row&) const = default;
+    };
+
+    explicit ExportDestinations(QObject* parent) : RowModel(parent) {}
+    void update(std::vector<Row> rows) { apply(rows_, std::move(rows)); }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+private:
+    enum Role { nameRole = Qt::UserRole, detailRole };
+    std::vector<Row> rows_;
+};
+
+// The export screen: a folder is picked and the file is written there.
 class ExportModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with the popover")
+    Q_PROPERTY(skipnest::ui::ExportDestinations* destinations READ destinations CONSTANT)
+    // The file that will be written.
+    Q_PROPERTY(QString fileName READ fileName NOTIFY changed)
+    Q_PROPERTY(QString contents READ contents NOTIFY changed)
+    // Of the file written last; empty where none was.
+    Q_PROPERTY(QString path READ path NOTIFY changed)
+    Q_PROPERTY(QString message READ message NOTIFY changed)
 public:
     explicit ExportModel(app::AppDelegate& agent, QObject* parent = nullptr);
 
-    void reset() {}
+    // As the screen is opened: today's name, and nothing written yet.
+    void reset();
+
+    [[nodiscard]] ExportDestinations* destinations() { return &destinations_; }
+    [[nodiscard]] const QString& fileName() const { return fileName_; }
+    // What goes into the file: "12 shortcuts and all settings".
+    [[nodiscard]] QString contents() const;
+    [[nodiscard]] const QString& path() const { return path_; }
+    [[nodiscard]] const QString& message() const { return message_; }
+
+    // To the destination in this row.
+    Q_INVOKABLE void exportTo(int destination);
+    Q_INVOKABLE void copyPath() const;
+
+Q_SIGNALS:
+    void changed();
 
 private:
+    void listDestinations();
+
     app::AppDelegate& agent_;
+    ExportDestinations destinations_;
+    QString fileName_;
+    QString path_;
+    QString message_;
 };
 
 } // namespace skipnest::ui

@@ -1,2 +1,2 @@
 list(APPEND UI_SOURCES transfer/ExportModel.cpp transfer/ImportModel.cpp)
-list(APPEND UI_QML transfer/ExportScreen.qml transfer/ImportScreen.qml)
+list(APPEND UI_QML transfer/ExportScreen.qml transfer/FileChoice.qml transfer/ImportScreen.qml)
