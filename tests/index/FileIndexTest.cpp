@@ -4,6 +4,7 @@
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
 #include "platform/linux/index/IndexCache.h"
+#include "platform/linux/index/IndexWatch.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -13,7 +14,6 @@
 #include <gmock/gmock.h>
 
 #include <sys/resource.h>
-#include <unistd.h>
 
 namespace skipnest::linuxdesktop {
 namespace {
@@ -161,22 +161,25 @@ TEST_F(FileIndexTest, ACacheOfOtherFoldersIsNotUsed) {
 }
 
 TEST_F(FileIndexTest, WhereNothingIsWatchedTheRescanFindsIt) {
+    folders.mostWatched = 0;
     folders.rescanPeriod = 200ms;
-    // Nothing more may be opened, as where another program has used up what the user may watch.
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-    const int next = ::dup(STDOUT_FILENO);
-    ::close(next);
-    const rlimit oneMore{static_cast<rlim_t>(next) + 1, before.rlim_max}; // the worker's alarm
-    index = std::make_unique<LinuxFileIndex>(scheduler, executor, entries, folders);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &oneMore), 0);
-    index->start();
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
-    ASSERT_TRUE(eventually([&] { return !index->state().isBuilding; }));
-    EXPECT_EQ(index->availability().state, platform::Availability::State::limited);
-    EXPECT_TRUE(index->availability().remedy.contains(QStringLiteral("sysctl")));
+    start();
     write("home/Dokumente/Später.pdf");
     EXPECT_TRUE(becomes("spater", {"home/Dokumente/Später.pdf"}));
+}
+
+TEST(IndexWatchTest, SaysThatTheKernelRefusesToWatch) {
+    EXPECT_FALSE(IndexWatch(10).wasRefused());
+    // Nothing more may be opened, as where other programs have used up what the user may have.
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    IndexWatch watch(10);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_TRUE(watch.wasRefused());
+    watch.watch("/");
+    EXPECT_TRUE(watch.take().folders.empty());
 }
 
 TEST_F(FileIndexTest, ACacheThatCannotBeWrittenIsSaidAndTheIndexWorks) {
