@@ -121,7 +121,7 @@ TEST_F(Editor, theScopeDecidesWhetherFoldersAreFound) {
     stage.type(u"2026"_s);
     settleSearch();
     EXPECT_EQ(editor().chooser()->note(), u"No application is called “2026”."_s);
-    editor().chooser()->setScope(1);
+    stage.click(stage.item(u"searchEverything"_s));
     settleSearch();
     EXPECT_EQ(editor().chooser()->results()->rowCount(), 1);
 }

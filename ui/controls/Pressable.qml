@@ -22,9 +22,15 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: pressable.pressed()
 
-    Keys.onReturnPressed: pressable.pressed()
-    Keys.onEnterPressed: pressable.pressed()
-    Keys.onSpacePressed: pressable.pressed()
+    // A key that is held since it did something else, such as being recorded, presses nothing.
+    function pressByKey(event: var): void {
+        if (!event.isAutoRepeat)
+            pressable.pressed();
+    }
+
+    Keys.onReturnPressed: event => pressable.pressByKey(event)
+    Keys.onEnterPressed: event => pressable.pressByKey(event)
+    Keys.onSpacePressed: event => pressable.pressByKey(event)
 
     MouseArea {
         id: area

@@ -35,7 +35,8 @@ ScreenPage {
             root.goBack();
             event.accepted = true;
         } else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && !root.editor.choosing) {
-            root.editor.save();
+            if (!event.isAutoRepeat)
+                root.editor.save();
             event.accepted = true;
         }
     }

@@ -156,6 +156,11 @@ QString TargetChooser::note() const {
                                        : tr("Nothing is called “%1”.").arg(typed);
 }
 
+bool TargetChooser::canWiden() const {
+    return scope_ == SearchScope::apps && !isPath_ && !isSearching() &&
+           !text_.trimmed().isEmpty() && results_.rows().empty();
+}
+
 void TargetChooser::choose(int row) {
     if (isSearching()) {
         chooseFirst_ = true;

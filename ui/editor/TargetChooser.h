@@ -29,6 +29,8 @@ class TargetChooser final : public QObject {
     Q_PROPERTY(bool searching READ isSearching NOTIFY stateChanged)
     // Why there are no results, or not all of them; empty while all is well.
     Q_PROPERTY(QString note READ note NOTIFY stateChanged)
+    // No application is called so, but something else may be.
+    Q_PROPERTY(bool canWiden READ canWiden NOTIFY stateChanged)
 public:
     explicit TargetChooser(app::AppDelegate& agent, QObject* parent = nullptr);
 
@@ -39,6 +41,7 @@ public:
     [[nodiscard]] SearchResults* results() { return &results_; }
     [[nodiscard]] bool isSearching() const;
     [[nodiscard]] QString note() const;
+    [[nodiscard]] bool canWiden() const;
 
     // The row, or the first one of an answer that is still on its way: people press Return as soon
     // as they have typed.

@@ -21,8 +21,10 @@ FocusScope {
         symbol: "search"
         placeholder: qsTr("Name of an application, file or folder")
         onEdited: search.chooser.text = text
-        onAccepted: search.chooser.choose(results.currentIndex)
 
+        // The key ends here: on the form that follows, Return saves.
+        Keys.onReturnPressed: search.chooser.choose(results.currentIndex)
+        Keys.onEnterPressed: search.chooser.choose(results.currentIndex)
         Keys.onUpPressed: results.step(-1)
         Keys.onDownPressed: results.step(1)
 
@@ -103,8 +105,8 @@ FocusScope {
     Column {
         anchors.centerIn: results
         width: parent.width - 2 * 32
-        visible: results.count === 0 && !note.visible
-        spacing: 12
+        visible: results.count === 0
+        spacing: 14
 
         Symbol {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -117,25 +119,36 @@ FocusScope {
             objectName: "searchHint"
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
-            text: search.chooser.searching ? qsTr("Searching…") : qsTr("Type a part of the name, or a path such as ~/Documents. You can also drop a file or folder here.")
+            // The word joiner keeps the path in one piece.
+            text: search.chooser.searching ? qsTr("Searching…") : search.chooser.note !== "" ? search.chooser.note : qsTr("Type a part of the name, or a path such as ~/\u2060Documents. You can also drop a file or folder here.")
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            color: Theme.secondaryText
+            color: search.chooser.note !== "" && !search.chooser.searching ? Theme.text : Theme.secondaryText
             font.pixelSize: Theme.textSize
 
             Accessible.role: Accessible.StaticText
             Accessible.name: text
+        }
+
+        ActionButton {
+            objectName: "searchEverything"
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: search.chooser.canWiden
+            text: qsTr("Search everything")
+            onPressed: {
+                search.chooser.scope = 1;
+                box.forceActiveFocus();
+            }
         }
     }
 
     MessageLine {
         id: note
 
-        objectName: "searchNote"
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 12
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
-        text: search.chooser.note
+        text: results.count > 0 ? search.chooser.note : ""
     }
 }

@@ -123,15 +123,13 @@ QString ListBanner::notBoundText() const {
     const auto isOurs = [](const KeyLedger::Row& row) {
         return row.holder != KeyLedger::Row::Holder::desktop;
     };
-    const auto count = [](const QString& text, qsizetype all) { return text.arg(all); };
     QStringList owners;
     for (const KeyLedger::Row& row : rows)
         if (row.holder == KeyLedger::Row::Holder::refused && !row.owner.isEmpty() &&
             !owners.contains(row.owner))
             owners.append(row.owner);
-    const QString sentence =
-        count(tr("%n of %1 keys are not bound", nullptr, static_cast<int>(refused_)),
-              std::ranges::count_if(rows, isOurs));
+    const QString sentence = tr("%n of %1 keys are not bound", nullptr, static_cast<int>(refused_))
+                                 .arg(std::ranges::count_if(rows, isOurs));
     if (owners.isEmpty())
         return tr("%1: another program has them.").arg(sentence);
     return tr("%1: taken by %2.").arg(sentence, owners.join(QStringLiteral(", ")));

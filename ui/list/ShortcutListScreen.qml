@@ -11,6 +11,7 @@ ScreenPage {
     property Component statisticsCard: null
 
     readonly property ShortcutListScreenModel screen: root.popover.list
+    readonly property bool empty: root.screen.empty
 
     title: "Skipnest"
     canGoBack: false
@@ -48,6 +49,17 @@ ScreenPage {
             onPressed: root.add("")
         }
     ]
+
+    // Not by bindings of `focus`: those would take the keyboard from the filter at every letter.
+    function placeFocus(): void {
+        if (root.empty)
+            emptyList.focus = true;
+        else
+            list.focus = true;
+    }
+
+    onEmptyChanged: root.placeFocus()
+    Component.onCompleted: root.placeFocus()
 
     function add(text: string): void {
         root.popover.open("add");
@@ -128,7 +140,7 @@ ScreenPage {
         x: Theme.margin
         y: 10
         width: parent.width - 2 * Theme.margin
-        visible: !root.screen.empty
+        visible: !root.empty
         symbol: "search"
         placeholder: qsTr("Filter")
         onEdited: root.screen.filter = text
@@ -179,7 +191,6 @@ ScreenPage {
         anchors.right: parent.right
         anchors.bottom: statistics.top
         visible: count > 0
-        focus: !root.screen.empty
         activeFocusOnTab: true
         clip: true
         reuseItems: true
@@ -286,15 +297,18 @@ ScreenPage {
     }
 
     EmptyList {
+        id: emptyList
+
         objectName: "emptyList"
         anchors.top: bannerLine.bottom
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: statistics.top
-        visible: root.screen.empty || root.screen.nothingFound
-        focus: root.screen.empty
+        visible: root.empty || root.screen.nothingFound
         filter: root.screen.nothingFound ? root.screen.filter : ""
         onAdd: root.add(filter)
+
+        Keys.onPressed: event => root.handleKey(event)
     }
 
     Loader {

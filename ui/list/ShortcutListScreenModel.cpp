@@ -55,7 +55,7 @@ ShortcutListScreenModel::Refusals ShortcutListScreenModel::refusals() const {
         const auto claim = agent_.ledger().desktopShortcut(entry.hotkey.combo);
         const QString owner = claim ? plainLine(claim->owner) : tr("another program");
         const bool isJump = entry.hotkey.action == hotkeys::HotkeyAction::jump;
-        const QString text = isJump ? tr("Not bound: %1 has this key").arg(owner)
+        const QString text = isJump ? tr("Not bound: %1 has it").arg(owner)
                                     : tr("Hide key not bound: %1 has it").arg(owner);
         // That one cannot jump says more than that one cannot hide.
         if (isJump)
@@ -90,7 +90,12 @@ void ShortcutListScreenModel::rebuild() {
     all_.reserve(items.size());
     for (const ShortcutItem& item : items) {
         ShortcutRow row = rowFor(item, sharers);
-        const QString searched = foldedText(row.name + u'\n' + item.targetPath);
+        // What every application's path has in common finds none of them.
+        const QString searched =
+            item.targetType == ShortcutItem::TargetType::application
+                ? foldedText(row.name)
+                : foldedText(row.name + u'\n' +
+                             shownPath(item.targetPath, agent_.ports().app.home));
         all_.push_back({std::move(row), searched});
     }
     applyFilter();

@@ -35,7 +35,7 @@ Item {
     height: 56
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: [row.name, row.keys.join("+"), row.note].filter(part => part !== "").join(", ")
+    Accessible.name: row.name + (row.keys.length > 0 ? ", " + row.keys.join("+") : "") + (row.note !== "" ? ", " + row.note : "")
     Accessible.description: row.place
     Accessible.focusable: true
     Accessible.focused: row.current
@@ -96,8 +96,8 @@ Item {
     Column {
         anchors.left: icon.right
         anchors.leftMargin: 12
-        anchors.right: keyArea.left
-        anchors.rightMargin: 10
+        anchors.right: actionArea.visible ? actionArea.left : keyArea.left
+        anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
 
@@ -169,33 +169,36 @@ Item {
             }
         }
 
-        ActionButton {
+        // qmllint disable unqualified
+        Loader {
             id: button
 
-            objectName: row.isConfirmed ? "addKey" : "confirm"
             anchors.verticalCenter: parent.verticalCenter
-            visible: !row.isConfirmed || row.keys.length === 0 && row.hideKeys.length === 0
-            activeFocusOnTab: false
-            implicitHeight: 28
-            symbol: row.isConfirmed ? "add" : "check"
-            text: row.isConfirmed ? qsTr("Add a key") : qsTr("Confirm")
-            onPressed: row.isConfirmed ? row.edit() : row.confirm()
+            active: !row.isConfirmed || row.keys.length === 0 && row.hideKeys.length === 0
+            visible: active
+            sourceComponent: ActionButton {
+                objectName: row.isConfirmed ? "addKey" : "confirm"
+                activeFocusOnTab: false
+                implicitHeight: 28
+                symbol: row.isConfirmed ? "add" : "check"
+                text: row.isConfirmed ? qsTr("Add a key") : qsTr("Confirm")
+                onPressed: row.isConfirmed ? row.edit() : row.confirm()
+            }
         }
+        // qmllint enable unqualified
     }
 
-    Rectangle {
+    // Made for the row that needs them: a list in motion has nothing to spare.
+    // qmllint disable unqualified
+    Loader {
+        id: actionArea
+
         anchors.right: keyArea.left
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
-        visible: row.active && !row.dragged
-        width: actions.width
-        height: actions.height
-        radius: Theme.radius
-        color: Theme.surface
-
-        Row {
-            id: actions
-
+        active: row.active && !row.dragged
+        visible: active
+        sourceComponent: Row {
             IconButton {
                 objectName: "jump"
                 activeFocusOnTab: false
@@ -222,4 +225,5 @@ Item {
             }
         }
     }
+    // qmllint enable unqualified
 }
