@@ -288,6 +288,8 @@ constexpr auto pictures = std::to_array<Picture>({
     {u"onboarding-done", Setup::check, done},
 });
 
+constexpr int smallest = 0; // of a PNG's qualities, all of which are lossless
+
 constexpr std::array themes = {model::Theme::light, model::Theme::dark, model::Theme::brand};
 
 } // namespace
@@ -308,7 +310,9 @@ int main(int argc, char** argv) {
     const QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         parser.showHelp(2);
-    ui::installTranslations(application, QLocale(parser.value(language)));
+    const QLocale locale(parser.value(language));
+    QLocale::setDefault(locale);
+    ui::installTranslations(application, locale);
 
     const QDir folder(arguments.first());
     (void)folder.mkpath(u"."_s);
@@ -324,7 +328,7 @@ int main(int argc, char** argv) {
             Stage stage;
             launch(stage, picture.setup, each);
             const QString file = folder.filePath(u"%1-%2.png"_s.arg(name, model::themeName(each)));
-            if (!stage.picture(picture.prepare(stage)).save(file)) {
+            if (!stage.picture(picture.prepare(stage)).save(file, "PNG", smallest)) {
                 std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
                 return 1;
             }

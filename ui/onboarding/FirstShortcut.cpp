@@ -144,17 +144,27 @@ void FirstShortcut::save() {
     Q_EMIT saved();
 }
 
+std::optional<ShortcutItem> FirstShortcut::savedItem() const {
+    return savedId_ ? agent_.viewModel().item(*savedId_) : std::nullopt;
+}
+
 QString FirstShortcut::savedName() const {
-    const auto item = savedId_ ? agent_.viewModel().item(*savedId_) : std::nullopt;
+    const auto item = savedItem();
     return item ? plainLine(item->name) : QString();
 }
 
 QStringList FirstShortcut::savedKeys() const {
-    const auto item = savedId_ ? agent_.viewModel().item(*savedId_) : std::nullopt;
+    const auto item = savedItem();
     const platform::Ports& ports = agent_.ports();
-    return item ? comboKeys(item->keyCombo, ports.keyboardLayout,
-                            modifierStyle(ports.app, ports.defaults))
-                : QStringList();
+    return comboKeys(item ? item->keyCombo : std::nullopt, ports.keyboardLayout,
+                     modifierStyle(ports.app, ports.defaults));
+}
+
+QString FirstShortcut::savedCombo() const {
+    const auto item = savedItem();
+    const platform::Ports& ports = agent_.ports();
+    return comboText(item ? item->keyCombo : std::nullopt, ports.keyboardLayout,
+                     modifierStyle(ports.app, ports.defaults));
 }
 
 } // namespace skipnest::ui

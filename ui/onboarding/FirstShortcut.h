@@ -33,6 +33,7 @@ class FirstShortcut final : public QObject {
     // Of the shortcut saved last; empty where none was.
     Q_PROPERTY(QString savedName READ savedName NOTIFY saved)
     Q_PROPERTY(QStringList savedKeys READ savedKeys NOTIFY saved)
+    Q_PROPERTY(QString savedCombo READ savedCombo NOTIFY saved)
 public:
     explicit FirstShortcut(app::AppDelegate& agent, QObject* parent = nullptr);
 
@@ -50,6 +51,7 @@ public:
     [[nodiscard]] const QString& problem() const { return problem_; }
     [[nodiscard]] QString savedName() const;
     [[nodiscard]] QStringList savedKeys() const;
+    [[nodiscard]] QString savedCombo() const;
 
     // While the text is empty the suggestions show.
     Q_INVOKABLE void search(const QString& text);
@@ -68,6 +70,7 @@ Q_SIGNALS:
     void saved();
 
 private:
+    [[nodiscard]] std::optional<model::ShortcutItem> savedItem() const;
     void suggest(const QString& path, const QString& detail);
     void suggestTerminals();
     void showChoices();

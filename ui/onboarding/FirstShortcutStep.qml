@@ -86,7 +86,7 @@ OnboardingStep {
                     // What is typed may have found nothing yet: that is no reason to go on without it.
                     function take() {
                         if (list.currentItem)
-                            step.choose(list.currentItem.path); // qmllint disable property
+                            step.choose((list.currentItem as TargetChoiceRow).path);
                         return list.count > 0 || box.text !== "";
                     }
 
@@ -200,7 +200,7 @@ OnboardingStep {
                 objectName: "saved"
                 Layout.fillWidth: true
                 kind: "success"
-                text: step.shortcut.savedName !== "" && step.shortcut.targetPath === "" ? qsTr("%1 has the key %2. Choose another target, or go on.").arg(step.shortcut.savedName).arg(step.shortcut.savedKeys.join("+")) : ""
+                text: step.shortcut.savedName !== "" && step.shortcut.targetPath === "" ? qsTr("%1 has the key %2. Choose another target, or go on.").arg(step.shortcut.savedName).arg(step.shortcut.savedCombo) : ""
             }
 
             Item {

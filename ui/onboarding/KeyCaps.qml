@@ -17,6 +17,8 @@ Row {
         model: caps.keys
 
         Rectangle {
+            id: cap
+
             required property string modelData
 
             width: Math.max(52, label.implicitWidth + 28)
@@ -42,7 +44,7 @@ Row {
 
                 anchors.centerIn: parent
                 anchors.verticalCenterOffset: -2
-                text: parent.modelData // qmllint disable property
+                text: cap.modelData
                 textFormat: Text.PlainText
                 color: Theme.text
                 font.pixelSize: 19

@@ -20,8 +20,9 @@ FocusScope {
     Keys.onEnterPressed: root.onboarding.next()
 
     function giveFocus() {
-        if (stage.item && stage.item.wantsFocus) // qmllint disable property
-            stage.item.forceActiveFocus();
+        const content = stage.item as OnboardingStep;
+        if (content && content.wantsFocus)
+            content.forceActiveFocus();
         else
             nextButton.forceActiveFocus();
     }

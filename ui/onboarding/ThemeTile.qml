@@ -39,6 +39,8 @@ Column {
                 model: [0.55, 0.8, 0.4]
 
                 Rectangle {
+                    id: line
+
                     required property int index
                     required property real modelData
 
@@ -50,10 +52,10 @@ Column {
                     Rectangle {
                         x: 6
                         anchors.verticalCenter: parent.verticalCenter
-                        width: (parent.width - 12) * parent.modelData // qmllint disable property
+                        width: (parent.width - 12) * line.modelData
                         height: 4
                         radius: 2
-                        color: parent.index === 0 ? tile.colors.window : tile.colors.secondaryText // qmllint disable unqualified property
+                        color: line.index === 0 ? tile.colors.window : tile.colors.secondaryText // qmllint disable unqualified
                     }
                 }
             }

@@ -84,6 +84,7 @@ OnboardingStep {
             spacing: 12
 
             Text {
+                anchors.horizontalCenter: parent.horizontalCenter
                 width: 500
                 text: qsTr("Copy what your desktop needs: commands to paste into a terminal for GNOME and KDE, lines of its configuration for sway.")
                 textFormat: Text.PlainText
@@ -113,7 +114,7 @@ OnboardingStep {
                         }
                     ]
 
-                    // qmllint disable unqualified property
+                    // qmllint disable unqualified
                     ActionButton {
                         required property var modelData
 
@@ -125,7 +126,7 @@ OnboardingStep {
                             copied.text = qsTr("The bindings are on the clipboard.");
                         }
                     }
-                    // qmllint enable unqualified property
+                    // qmllint enable unqualified
                 }
             }
 

@@ -35,6 +35,8 @@ OnboardingStep {
             ]
 
             Row {
+                id: point
+
                 required property var modelData
 
                 spacing: 14
@@ -49,7 +51,7 @@ OnboardingStep {
 
                     Symbol {
                         anchors.centerIn: parent
-                        name: parent.parent.modelData.symbol // qmllint disable property
+                        name: point.modelData.symbol
                         color: Theme.accent
                     }
                 }
@@ -57,7 +59,7 @@ OnboardingStep {
                 Text {
                     width: points.width - 48 // qmllint disable unqualified
                     anchors.verticalCenter: parent.verticalCenter
-                    text: parent.modelData.text // qmllint disable property
+                    text: point.modelData.text
                     textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     color: Theme.text

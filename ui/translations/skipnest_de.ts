@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>Open that shortcut</source>
-        <translation>Jenes Kürzel öffnen</translation>
+        <translation>Dieses Kürzel öffnen</translation>
     </message>
     <message>
         <source>Imported – confirm before it can run</source>
@@ -739,7 +739,7 @@
     </message>
     <message>
         <source>The drawing in the menu bar or tray.</source>
-        <translation>Die Zeichnung in der Menüleiste oder Leiste.</translation>
+        <translation>Die Zeichnung in der Menüleiste oder im Infobereich.</translation>
     </message>
     <message>
         <source>Launch at login</source>
@@ -1013,8 +1013,12 @@
         <translation>Wird gesucht …</translation>
     </message>
     <message>
-        <source>Type a part of the name, or a path such as ~/Documents. You can also drop a file or folder here.</source>
-        <translation>Einen Teil des Namens eingeben oder einen Pfad wie ~/Dokumente. Auch Dateien und Ordner können hierher gezogen werden.</translation>
+        <source>Type a part of the name, or a path such as ~/⁠Documents. You can also drop a file or folder here.</source>
+        <translation>Einen Teil des Namens eingeben oder einen Pfad wie ~/⁠Dokumente. Auch Dateien und Ordner können hierher gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Search everything</source>
+        <translation>Überall suchen</translation>
     </message>
 </context>
 <context>
@@ -1117,15 +1121,15 @@
     </message>
     <message>
         <source>Give a key to what you open most often.</source>
-        <translation>Dem eine Taste geben, was am häufigsten geöffnet wird.</translation>
+        <translation>Was oft geöffnet wird, bekommt eine Taste.</translation>
     </message>
     <message>
         <source>Press it anywhere: the target comes to the front, and is opened first if it has to be.</source>
-        <translation>Sie irgendwo drücken: Das Ziel kommt nach vorn und wird vorher geöffnet, wenn nötig.</translation>
+        <translation>Ein Druck genügt, und das Ziel kommt nach vorn; läuft es noch nicht, wird es geöffnet.</translation>
     </message>
     <message>
         <source>Press it together with Shift, and the target is hidden again.</source>
-        <translation>Zusammen mit Umschalt gedrückt, wird das Ziel wieder ausgeblendet.</translation>
+        <translation>Zusammen mit Umschalt wird das Ziel wieder ausgeblendet.</translation>
     </message>
     <message>
         <source>How should it look?</source>
@@ -1180,7 +1184,7 @@
     </message>
     <message>
         <source>Icon in the menu bar or tray</source>
-        <translation>Symbol in der Menüleiste oder Leiste</translation>
+        <translation>Symbol in Menüleiste oder Infobereich</translation>
     </message>
     <message>
         <source>Launch at login</source>
@@ -1584,10 +1588,6 @@
         <translation>ein anderes Programm</translation>
     </message>
     <message>
-        <source>Not bound: %1 has this key</source>
-        <translation>Wirkt nicht: %1 hat diese Taste</translation>
-    </message>
-    <message>
         <source>Hide key not bound: %1 has it</source>
         <translation>Ausblenden wirkt nicht: %1 hat die Taste</translation>
     </message>
@@ -1614,6 +1614,10 @@
     <message>
         <source>Removed “%1”</source>
         <translation>„%1“ entfernt</translation>
+    </message>
+    <message>
+        <source>Not bound: %1 has it</source>
+        <translation>Wirkt nicht: %1 hat sie</translation>
     </message>
 </context>
 <context>
