@@ -3,7 +3,7 @@ import QtQuick
 import Skipnest
 
 // One of many: the choice in a line that unfolds into all of them. Up and Down change the choice
-// while it is folded and walk through the list while it is not; Escape folds it.
+// while it is folded. The unfolded list has the keyboard: Return takes a row, Escape none.
 FocusScope {
     id: box
 
@@ -16,18 +16,30 @@ FocusScope {
 
     signal chosen(int index)
 
-    function unfold(open) {
-        list.visible = open;
-        if (open) {
-            list.currentIndex = box.current;
-            list.positionViewAtIndex(Math.max(0, box.current), ListView.Contain);
-        }
+    function unfold() {
+        list.visible = true;
+        list.currentIndex = box.current;
+        list.positionViewAtIndex(Math.max(0, box.current), ListView.Contain);
+        // Whatever scrolls the page brings into view what has the keyboard.
+        list.forceActiveFocus();
+    }
+
+    function fold() {
+        if (list.activeFocus)
+            head.forceActiveFocus();
+        list.visible = false;
+    }
+
+    function take(index) {
+        box.fold();
+        if (index >= 0)
+            box.chosen(index);
     }
 
     implicitWidth: 220
     implicitHeight: head.height + (list.visible ? list.height + 4 : 0)
     onActiveFocusChanged: if (!box.activeFocus)
-        box.unfold(false)
+        list.visible = false
 
     Pressable {
         id: head
@@ -35,30 +47,18 @@ FocusScope {
         width: parent.width
         height: Theme.controlHeight
         focus: true
-        name: box.name + ": " + (list.visible && list.currentIndex >= 0 ? box.options[list.currentIndex] : box.currentText)
+        name: box.name + ": " + box.currentText
         Accessible.role: Accessible.ComboBox
         onPressed: {
-            head.forceActiveFocus();
-            if (list.visible && list.currentIndex >= 0)
-                box.chosen(list.currentIndex);
-            box.unfold(!list.visible);
-        }
-        Keys.onUpPressed: {
             if (list.visible)
-                list.decrementCurrentIndex();
-            else if (box.current > 0)
-                box.chosen(box.current - 1);
+                box.fold();
+            else
+                box.unfold();
         }
-        Keys.onDownPressed: {
-            if (list.visible)
-                list.incrementCurrentIndex();
-            else if (box.current < box.options.length - 1)
-                box.chosen(box.current + 1);
-        }
-        Keys.onEscapePressed: event => {
-            event.accepted = list.visible;
-            box.unfold(false);
-        }
+        Keys.onUpPressed: if (box.current > 0)
+            box.chosen(box.current - 1)
+        Keys.onDownPressed: if (box.current < box.options.length - 1)
+            box.chosen(box.current + 1)
 
         Rectangle {
             anchors.fill: parent
@@ -117,6 +117,14 @@ FocusScope {
         highlightMoveDuration: 0
         model: box.options
 
+        Accessible.role: Accessible.List
+        Accessible.name: list.currentIndex >= 0 && list.currentIndex < box.options.length ? box.options[list.currentIndex] : box.name
+
+        Keys.onReturnPressed: box.take(list.currentIndex)
+        Keys.onEnterPressed: box.take(list.currentIndex)
+        Keys.onSpacePressed: box.take(list.currentIndex)
+        Keys.onEscapePressed: box.fold()
+
         // qmllint disable unqualified
         delegate: Rectangle {
             required property int index
@@ -147,11 +155,7 @@ FocusScope {
 
                 anchors.fill: parent
                 hoverEnabled: true
-                onClicked: {
-                    box.chosen(parent.index);
-                    box.unfold(false);
-                    head.forceActiveFocus();
-                }
+                onClicked: box.take(parent.index)
             }
         }
         // qmllint enable unqualified

@@ -77,14 +77,14 @@ ColumnLayout {
         // qmllint enable unqualified
     }
 
-    RowLayout {
+    Row {
         Layout.fillWidth: true
         visible: row.defaultText !== ""
         spacing: 12
 
         Text {
             objectName: row.name + "Default"
-            Layout.maximumWidth: row.width - (link.visible ? link.implicitWidth + 12 : 0)
+            width: Math.min(implicitWidth, row.width - (link.visible ? link.implicitWidth + 12 : 0))
             text: row.defaultText
             textFormat: Text.PlainText
             elide: Text.ElideRight
@@ -100,10 +100,6 @@ ColumnLayout {
             text: qsTr("Use default")
             name: qsTr("%1: use the default").arg(row.title)
             onPressed: row.settings.reset(row.name)
-        }
-
-        Item {
-            Layout.fillWidth: true
         }
     }
 

@@ -47,12 +47,23 @@ ScreenPage {
             onEdited: root.settings.filter = find.text
         }
 
+        Rectangle {
+            id: line
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: find.bottom
+            anchors.topMargin: Theme.margin
+            height: 1
+            color: Theme.border
+        }
+
         ScrollPage {
             id: page
 
             anchors.left: parent.left
             anchors.right: parent.right
-            anchors.top: find.bottom
+            anchors.top: line.bottom
             anchors.bottom: parent.bottom
 
             Text {
