@@ -34,6 +34,10 @@ struct AppInfo {
     QString downloadsFolder;
     QString desktopFolder;
     QString documentsFolder;
+    QString serviceAddress = {}; // the makers' web service; empty where this build has none
+    // Of the person's locale: ISO 639 and 3166, lower case, empty where unknown.
+    QString language = {};
+    QString country = {};
 };
 
 } // namespace skipnest::platform

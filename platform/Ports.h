@@ -8,6 +8,7 @@ namespace skipnest::platform {
 class Alerts;
 class ApplicationControl;
 class Bookmarks;
+class CrashCapture;
 class DesktopShortcuts;
 class Diagnostics;
 class DistributedNotifications;
@@ -15,6 +16,7 @@ class Executor;
 class FileIndex;
 class Files;
 class HotkeyBackend;
+class HttpClient;
 class IconSource;
 class InstanceLock;
 class KeyboardCapture;
@@ -64,6 +66,8 @@ struct Ports {
     ServicesMenu& servicesMenu;
     ProcessLauncher& processes;
     DistributedNotifications& distributedNotifications;
+    HttpClient& http;
+    CrashCapture& crashCapture;
 };
 
 } // namespace skipnest::platform

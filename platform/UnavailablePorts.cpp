@@ -47,4 +47,17 @@ Observation UnavailableNotifications::observe(const QString&, Received) {
     return {};
 }
 
+HttpExchange UnavailableHttpClient::send(const HttpRequest&, Completion completion) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([completion = std::move(completion), wanted, why = failure(why_)] {
+        if (*wanted)
+            completion(why);
+    });
+    return HttpExchange([wanted] { *wanted = false; });
+}
+
+Outcome UnavailableCrashCapture::install(const QString&) {
+    return failure(why_);
+}
+
 } // namespace skipnest::platform

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/FileIndex.h"
+#include "platform/HttpClient.h"
 #include "platform/IconSource.h"
 #include "platform/KeyboardCapture.h"
 #include "platform/LoginItem.h"
@@ -134,6 +136,28 @@ public:
     explicit UnavailableNotifications(Availability why) : why_(std::move(why)) {}
     [[nodiscard]] Availability availability() const override { return why_; }
     [[nodiscard]] Observation observe(const QString& name, Received received) override;
+
+private:
+    Availability why_;
+};
+
+class UnavailableHttpClient final : public HttpClient {
+public:
+    UnavailableHttpClient(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] HttpExchange send(const HttpRequest& request, Completion completion) override;
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+class UnavailableCrashCapture final : public CrashCapture {
+public:
+    explicit UnavailableCrashCapture(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    Outcome install(const QString& recordFile) override;
 
 private:
     Availability why_;

@@ -7,6 +7,7 @@
 #include "platform/RunningApplication.h"
 
 #include <QString>
+#include <QUrl>
 
 #include <functional>
 #include <optional>
@@ -42,6 +43,8 @@ public:
     virtual void openApplication(const QString& path, OpenCompletion completion) = 0;
     // Opens a file or folder with its default application.
     virtual void openFile(const QString& path, OpenCompletion completion) = 0;
+    // Opens an address with the program that is set for its scheme: a page in the browser.
+    virtual void openUrl(const QUrl& url, OpenCompletion completion) = 0;
 
     // The desktop's permission for the next open request to take the focus, as the program that
     // asks got it with the key press (Wayland: XDG_ACTIVATION_TOKEN). Empty for none. Desktops that

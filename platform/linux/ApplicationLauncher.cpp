@@ -95,6 +95,15 @@ Failure whyNot(const QByteArray& path) {
             QStringLiteral("%1 is not the desktop entry of an application").arg(shown)};
 }
 
+std::optional<QString> entryOf(GAppInfo* handler) {
+    if (handler == nullptr || !G_IS_DESKTOP_APP_INFO(handler))
+        return std::nullopt;
+    const char* entry = g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(handler));
+    if (entry == nullptr)
+        return std::nullopt;
+    return QFile::decodeName(entry);
+}
+
 void ownSession(gpointer) {
     ::setsid();
 }
@@ -113,6 +122,8 @@ Result<Launched> launchNow(const LaunchRequest& request) {
     for (const QString& file : request.files)
         uris = g_list_append(
             uris, g_filename_to_uri(QFile::encodeName(file).constData(), nullptr, nullptr));
+    if (!request.url.isEmpty())
+        uris = g_list_append(uris, g_strdup(request.url.toEncoded().constData()));
     const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
     Launched launched;
     GError* error = nullptr;
@@ -157,12 +168,13 @@ std::optional<QString> defaultApplicationFor(const QString& path) {
     const GObjectPtr<GAppInfo> handler(type ? g_app_info_get_default_for_type(type, FALSE)
                                             : nullptr);
     g_free(type);
-    if (!handler || !G_IS_DESKTOP_APP_INFO(handler.get()))
-        return std::nullopt;
-    const char* entry = g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(handler.get()));
-    if (entry == nullptr)
-        return std::nullopt;
-    return QFile::decodeName(entry);
+    return entryOf(handler.get());
+}
+
+std::optional<QString> defaultApplicationForScheme(const QString& scheme) {
+    const GObjectPtr<GAppInfo> handler(
+        g_app_info_get_default_for_uri_scheme(scheme.toLower().toUtf8().constData()));
+    return entryOf(handler.get());
 }
 
 } // namespace skipnest::linuxdesktop

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <cstdint>
 #include <functional>
@@ -18,6 +19,7 @@ struct LaunchRequest {
     QString entryPath;    // absolute path of a .desktop file
     QStringList files;    // absolute paths to open with it
     QByteArray startupId; // DESKTOP_STARTUP_ID and XDG_ACTIVATION_TOKEN of the new process
+    QUrl url = {};        // opened after the files, where it is not empty
 };
 
 // The process that was started; 0 where the application was asked over D-Bus to start itself.
@@ -44,5 +46,7 @@ private:
 // The desktop entry that opens this file or folder by default, found by its name, and by its
 // content where the name tells nothing.
 [[nodiscard]] std::optional<QString> defaultApplicationFor(const QString& path);
+// The desktop entry that opens addresses of this scheme by default.
+[[nodiscard]] std::optional<QString> defaultApplicationForScheme(const QString& scheme);
 
 } // namespace skipnest::linuxdesktop

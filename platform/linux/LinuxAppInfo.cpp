@@ -3,7 +3,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <array>
 #include <optional>
@@ -65,6 +67,17 @@ QStringList entryFolders(const QProcessEnvironment& environment, const QString& 
     return folders;
 }
 
+// The build's web service. A build without one may be pointed at a server on this machine, which is
+// how the stand-in is used in development and tests.
+QString serviceAddress(const QProcessEnvironment& environment) {
+    const QString built = QStringLiteral(SKIPNEST_SERVICE_URL);
+    if (!built.isEmpty())
+        return built;
+    const QString local = environment.value(QStringLiteral("SKIPNEST_SERVICE_URL"));
+    const QString host = QUrl(local).host();
+    return host == u"127.0.0.1" || host == u"::1" ? local : QString();
+}
+
 } // namespace
 
 platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
@@ -89,6 +102,10 @@ platform::AppInfo linuxAppInfo(const QProcessEnvironment& environment) {
     app.downloadsFolder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
     app.desktopFolder = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
     app.documentsFolder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    app.serviceAddress = serviceAddress(environment);
+    const QStringList locale = QLocale::system().name().toLower().split(u'_');
+    app.language = locale.first() == u"c" ? QString() : locale.first();
+    app.country = locale.value(1);
     return app;
 }
 

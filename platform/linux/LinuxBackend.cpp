@@ -6,6 +6,7 @@
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/HeadlessPorts.h"
@@ -51,7 +52,8 @@ struct Services {
           loginItem(files, app, baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
-                       baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")) {}
+                       baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
+          http(scheduler, {}), crashCapture({}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -66,6 +68,8 @@ struct Services {
     FileManagerMenu servicesMenu;
     DetachedProcesses processes;
     DBusNotifications distributedNotifications;
+    platform::UnavailableHttpClient http;
+    platform::UnavailableCrashCapture crashCapture;
 };
 
 // What a session with or without X has on the screen and in its settings. `display` and `keymap`
@@ -144,7 +148,9 @@ private:
                  services_->loginItem,
                  services_->servicesMenu,
                  services_->processes,
-                 services_->distributedNotifications} {}
+                 services_->distributedNotifications,
+                 services_->http,
+                 services_->crashCapture} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -196,7 +202,9 @@ public:
                  services_.loginItem,
                  services_.servicesMenu,
                  services_.processes,
-                 services_.distributedNotifications} {}
+                 services_.distributedNotifications,
+                 services_.http,
+                 services_.crashCapture} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {

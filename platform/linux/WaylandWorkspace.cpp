@@ -75,6 +75,16 @@ void WaylandWorkspace::openFile(const QString& path, OpenCompletion completion) 
         std::move(completion));
 }
 
+void WaylandWorkspace::openUrl(const QUrl& url, OpenCompletion completion) {
+    if (url.isLocalFile())
+        return openFile(url.toLocalFile(), std::move(completion));
+    if (const auto entryPath = defaultApplicationForScheme(url.scheme()))
+        return launch({*entryPath, {}, {}, url}, std::move(completion));
+    refuse({Failure::Kind::notFound,
+            QStringLiteral("no application opens %1 addresses by default").arg(url.scheme())},
+           std::move(completion));
+}
+
 void WaylandWorkspace::setNextActivationToken(const QString& token) {
     nextToken_ = token;
 }

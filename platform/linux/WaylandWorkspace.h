@@ -29,6 +29,7 @@ public:
     [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override;
     void openApplication(const QString& path, OpenCompletion completion) override;
     void openFile(const QString& path, OpenCompletion completion) override;
+    void openUrl(const QUrl& url, OpenCompletion completion) override;
     // Without one, a token of our own is asked for.
     void setNextActivationToken(const QString& token) override;
     [[nodiscard]] platform::Observation

@@ -128,6 +128,16 @@ void X11Workspace::openFile(const QString& path, OpenCompletion completion) {
          {Failure::Kind::notFound, QStringLiteral("No application is set to open %1").arg(path)});
 }
 
+void X11Workspace::openUrl(const QUrl& url, OpenCompletion completion) {
+    if (url.isLocalFile())
+        return openFile(url.toLocalFile(), std::move(completion));
+    if (const auto handler = defaultApplicationForScheme(url.scheme()))
+        return launch(*handler, {}, std::move(completion), url);
+    fail(std::move(completion),
+         {Failure::Kind::notFound,
+          QStringLiteral("No application is set to open %1 addresses").arg(url.scheme())});
+}
+
 platform::Observation
 X11Workspace::observeActivations(std::function<void(const RunningApplication&)> activated) {
     return activated_.add(std::move(activated));
@@ -157,16 +167,16 @@ void X11Workspace::fail(OpenCompletion completion, Failure failure) {
 }
 
 void X11Workspace::launch(const QString& entryPath, const QStringList& files,
-                          OpenCompletion completion) {
+                          OpenCompletion completion, const QUrl& url) {
     const DesktopEntry* entry = entries_.entry(entryPath);
     const bool announced = entry != nullptr && entry->startupNotify;
     const QByteArray startupId =
         announced ? startup_.begin(*entry, windows_.currentDesktop()) : QByteArray();
-    const bool application = files.isEmpty();
+    const bool application = files.isEmpty() && url.isEmpty();
     if (application)
         starting_[entryPath] = {scheduler_.now(), nullptr};
     launcher_.launch(
-        {entryPath, files, startupId},
+        {entryPath, files, startupId, url},
         [this, entryPath, startupId, application, completion = std::move(completion),
          alive = std::weak_ptr(alive_)](const platform::Result<Launched>& launched) {
             if (alive.expired())

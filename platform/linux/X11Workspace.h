@@ -33,6 +33,7 @@ public:
     [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override;
     void openApplication(const QString& path, OpenCompletion completion) override;
     void openFile(const QString& path, OpenCompletion completion) override;
+    void openUrl(const QUrl& url, OpenCompletion completion) override;
     // X11 grants the focus by the time of the key press, which every request here carries.
     void setNextActivationToken(const QString&) override {}
     [[nodiscard]] platform::Observation
@@ -48,7 +49,8 @@ private:
     void windowsChanged();
     void succeed(OpenCompletion completion);
     void fail(OpenCompletion completion, platform::Failure failure);
-    void launch(const QString& entryPath, const QStringList& files, OpenCompletion completion);
+    void launch(const QString& entryPath, const QStringList& files, OpenCompletion completion,
+                const QUrl& url = {});
     [[nodiscard]] bool stillStarting(const QString& path);
 
     platform::Scheduler& scheduler_;

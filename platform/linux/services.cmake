@@ -19,9 +19,11 @@ set_source_files_properties(${XDG_ACTIVATION_CODE} PROPERTIES
 set_source_files_properties(WaylandActivation.cpp PROPERTIES
     INCLUDE_DIRECTORIES ${CMAKE_CURRENT_BINARY_DIR}/wayland)
 
+set(SKIPNEST_SERVICE_URL "" CACHE STRING
+    "Address of the web service, https; without one nothing is ever sent")
 set(SKIPNEST_BUILD 1 CACHE STRING "Build number, counted up by whoever packages releases")
 set_source_files_properties(LinuxAppInfo.cpp PROPERTIES COMPILE_DEFINITIONS
-    "SKIPNEST_VERSION=\"${PROJECT_VERSION}\";SKIPNEST_BUILD=\"${SKIPNEST_BUILD}\"")
+    "SKIPNEST_VERSION=\"${PROJECT_VERSION}\";SKIPNEST_BUILD=\"${SKIPNEST_BUILD}\";SKIPNEST_SERVICE_URL=\"${SKIPNEST_SERVICE_URL}\"")
 
 list(APPEND LINUX_SOURCES
     HeadlessPorts.cpp

@@ -43,7 +43,9 @@ MacDesktop::MacDesktop(SystemBridges bridges)
       loginItem_(notWritten(QStringLiteral("Launch at login"))),
       servicesMenu_(notWritten(QStringLiteral("The Services menu"))),
       processes_(notWritten(QStringLiteral("Moving the program"))),
-      distributedNotifications_(notWritten(QStringLiteral("Debug hooks"))) {
+      distributedNotifications_(notWritten(QStringLiteral("Debug hooks"))),
+      http_(scheduler_, notWritten(QStringLiteral("The web service"))),
+      crashCapture_(notWritten(QStringLiteral("Recording a crash"))) {
     bridges_.workspace->observeTerminations([this] { hotkeys_.otherProgramEnded(); });
 }
 
@@ -75,7 +77,9 @@ platform::Ports MacDesktop::ports() {
             .loginItem = loginItem_,
             .servicesMenu = servicesMenu_,
             .processes = processes_,
-            .distributedNotifications = distributedNotifications_};
+            .distributedNotifications = distributedNotifications_,
+            .http = http_,
+            .crashCapture = crashCapture_};
 }
 
 } // namespace skipnest::macos

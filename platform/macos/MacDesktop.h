@@ -62,6 +62,8 @@ private:
     platform::UnavailableServicesMenu servicesMenu_;
     platform::UnavailableProcessLauncher processes_;
     platform::UnavailableNotifications distributedNotifications_;
+    platform::UnavailableHttpClient http_;
+    platform::UnavailableCrashCapture crashCapture_;
 };
 
 } // namespace skipnest::macos

@@ -136,6 +136,13 @@ void MacWorkspace::openFile(const QString& path, OpenCompletion completion) {
     bridge_.openFile(path.toStdString(), answering(path, std::move(completion)));
 }
 
+void MacWorkspace::openUrl(const QUrl& url, OpenCompletion completion) {
+    if (url.isLocalFile())
+        return openFile(url.toLocalFile(), std::move(completion));
+    bridge_.openAddress(url.toEncoded().toStdString(),
+                        answering(url.toDisplayString(), std::move(completion)));
+}
+
 platform::Observation
 MacWorkspace::observeActivations(std::function<void(const RunningApplication&)> activated) {
     if (!std::exchange(observing_, true)) {

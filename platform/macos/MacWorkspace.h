@@ -26,6 +26,7 @@ public:
     void setNextActivationToken(const QString& token) override;
     void openApplication(const QString& path, OpenCompletion completion) override;
     void openFile(const QString& path, OpenCompletion completion) override;
+    void openUrl(const QUrl& url, OpenCompletion completion) override;
     [[nodiscard]] platform::Observation
     observeActivations(std::function<void(const platform::RunningApplication&)> activated) override;
 

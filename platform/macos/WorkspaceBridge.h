@@ -42,6 +42,8 @@ public:
 
     virtual void openApplication(const std::string& path, Opened opened) = 0;
     virtual void openFile(const std::string& path, Opened opened) = 0;
+    // An encoded URL.
+    virtual void openAddress(const std::string& address, Opened opened) = 0;
 
     // At most one of each.
     virtual void observeActivations(Activated activated) = 0;

@@ -93,6 +93,12 @@ public:
             completionHandler:completion(std::move(opened))];
     }
 
+    void openAddress(const std::string& address, Opened opened) override {
+        [workspace_ openURL:[NSURL URLWithString:@(address.c_str())]
+                configuration:activating()
+            completionHandler:completion(std::move(opened))];
+    }
+
     void observeActivations(Activated activated) override {
         remove(activations_);
         activations_ = observe(NSWorkspaceDidActivateApplicationNotification,

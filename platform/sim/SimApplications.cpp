@@ -340,6 +340,13 @@ void SimApplications::openFile(const QString& path, OpenCompletion completion) {
     });
 }
 
+void SimApplications::openUrl(const QUrl& url, OpenCompletion completion) {
+    if (url.isLocalFile())
+        return openFile(url.toLocalFile(), std::move(completion));
+    journal_.call(u"openURL"_s, {{u"url"_s, QString::fromLatin1(url.toEncoded())}});
+    soon([completion = std::move(completion)] { completion(Done{}); });
+}
+
 platform::Observation
 SimApplications::observeActivations(std::function<void(const RunningApplication&)> activated) {
     return observers_.add(std::move(activated));

@@ -89,6 +89,7 @@ public:
     [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override;
     void openApplication(const QString& path, OpenCompletion completion) override;
     void openFile(const QString& path, OpenCompletion completion) override;
+    void openUrl(const QUrl& url, OpenCompletion completion) override;
     void setNextActivationToken(const QString&) override {}
     [[nodiscard]] platform::Observation
     observeActivations(std::function<void(const platform::RunningApplication&)> activated) override;

@@ -11,6 +11,7 @@
 #include "platform/sim/SimBookmarks.h"
 #include "platform/sim/SimFileIndex.h"
 #include "platform/sim/SimHotkeys.h"
+#include "platform/sim/SimHttp.h"
 #include "platform/sim/SimInstances.h"
 #include "platform/sim/SimKeyEvents.h"
 #include "platform/sim/SimKeyboardCapture.h"
@@ -102,6 +103,8 @@ public:
 
     // The program as it would be when started from another place.
     void setBundlePath(const QString& path) { ports_.app.bundlePath = path; }
+    // A build that talks to this web service; empty for none.
+    void setServiceAddress(const QString& address) { ports_.app.serviceAddress = address; }
     void setTrust(const Trust& trust);
     [[nodiscard]] const Trust& trust() const { return trust_; }
     void setLocale(const Locale& locale) { locale_ = locale; }
@@ -130,6 +133,8 @@ public:
     [[nodiscard]] SimDistributedNotifications& distributedNotifications() {
         return distributedNotifications_;
     }
+    [[nodiscard]] SimHttp& http() { return http_; }
+    [[nodiscard]] SimCrashCapture& crashCapture() { return crashCapture_; }
     [[nodiscard]] const platform::AppInfo& appInfo() const { return ports_.app; }
 
 private:
@@ -158,6 +163,8 @@ private:
     SimServicesMenu servicesMenu_;
     SimProcessLauncher processes_;
     SimDistributedNotifications distributedNotifications_;
+    SimHttp http_;
+    SimCrashCapture crashCapture_;
     platform::Ports ports_;
     Trust trust_;
     Locale locale_;

@@ -24,6 +24,9 @@ public:
         requests.push_back("application " + path);
         answer = std::move(opened);
     }
+    void openAddress(const std::string& address, Opened opened) override {
+        openFile(address, std::move(opened));
+    }
     void openFile(const std::string& path, Opened opened) override {
         requests.push_back("file " + path);
         answer = std::move(opened);

@@ -74,6 +74,7 @@ struct PathWorkspace final : platform::Workspace {
     }
     void openApplication(const QString&, OpenCompletion) override {}
     void openFile(const QString&, OpenCompletion) override {}
+    void openUrl(const QUrl&, OpenCompletion) override {}
     void setNextActivationToken(const QString&) override {}
     [[nodiscard]] platform::Observation
     observeActivations(std::function<void(const platform::RunningApplication&)>) override {

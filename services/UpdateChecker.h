@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/AppInfo.h"
+#include "platform/Diagnostics.h"
+#include "platform/Scheduler.h"
+#include "platform/WebService.h"
+#include "platform/Workspace.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+namespace skipnest::services {
+
+struct Release {
+    QString version;
+    QString build;
+    QString url; // https
+    QString notes;
+
+    bool operator==(const Release&) const = default;
+};
+
+// {"version","build","url","notes"}, all texts. Fails where a field is missing, where a version or
+// build is no dotted numbers, and where the url is not https.
+[[nodiscard]] platform::Result<Release> decodeRelease(const QByteArray& bytes);
+// Versions are compared number by number ("1.10" is newer than "1.9"), equal ones by build.
+[[nodiscard]] bool isNewer(const Release& release, const QString& version, const QString& build);
+
+// Asks the web service for the newest release: at start, and once a day while the program runs.
+class UpdateChecker final : public QObject {
+    Q_OBJECT
+public:
+    UpdateChecker(platform::WebService& web, platform::Workspace& workspace,
+                  platform::Scheduler& scheduler, platform::Diagnostics& diagnostics,
+                  const platform::AppInfo& app);
+    ~UpdateChecker() override;
+
+    // Begins to ask; nothing where there is no service.
+    void start();
+    void check();
+    // The newer release that was found, until a check finds none.
+    [[nodiscard]] const std::optional<Release>& available() const { return available_; }
+    // Opens the release's address in the browser. Nothing is downloaded or run.
+    void open();
+
+Q_SIGNALS:
+    void availableChanged();
+    // A check has ended, whatever came of it.
+    void checked();
+
+private:
+    void take(const platform::Result<platform::HttpReply>& reply);
+
+    platform::WebService& web_;
+    platform::Workspace& workspace_;
+    platform::Scheduler& scheduler_;
+    platform::Diagnostics& diagnostics_;
+    QString version_;
+    QString build_;
+    std::optional<Release> available_;
+    platform::Timer timer_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+} // namespace skipnest::services
