@@ -8,9 +8,11 @@
 #include "platform/WallClock.h"
 #include "platform/WebService.h"
 #include "stats/ChallengeBoard.h"
+#include "stats/ChallengeName.h"
 #include "stats/JumpStats.h"
 
 #include <QDateTime>
+#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 
@@ -38,14 +40,14 @@ public:
         QStringList awarded;
         std::int64_t weekAnchorRank = 0;
         std::optional<QDateTime> weekAnchorDate;
+        QJsonObject unknown; // members of a newer version, written back as they are
 
         bool operator==(const State&) const = default;
     };
     enum class Joining { joined, nameTaken, nameUnfit, unreachable };
 
     static constexpr auto key = "sk.challenge.v1";
-    // Letters, marks, digits, blanks and the like of a name, after trimming.
-    static constexpr qsizetype longestName = 24;
+    static constexpr std::size_t longestName = longestChallengerName; // in code points
 
     ChallengeService(platform::WebService& web, JumpStats& stats, platform::UserDefaults& defaults,
                      platform::Scheduler& scheduler, const platform::WallClock& clock,
@@ -61,8 +63,10 @@ public:
 
     // Joins, or gives the entry this name and country. The name is checked with the service first;
     // nothing is stored unless it is free. `done` (not empty) hears once, never from inside.
+    // Joining and leaving wait for nobody: while one is on its way, another one fails.
     void join(const QString& name, const QString& country, std::function<void(Joining)> done);
-    // Deletes the entry at the service, and then here. On failure all stays as it was.
+    // Deletes the entry at the service, and then here. On failure all stays as it was. A submission
+    // that is on its way is waited for: arriving after the removal, it would make the entry anew.
     void leave(std::function<void(bool left)> done);
     // After a jump: submits where the last answered submission is absent or at least 300 s old.
     void jumped();
@@ -80,8 +84,21 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void take(const platform::Result<platform::HttpReply>& reply);
+    // What the person asked for and the service has not answered yet.
+    enum class Request { none, join, leave };
+
+    void nameChecked(const platform::Result<platform::HttpReply>& reply, State wanted,
+                     const std::function<void(Joining)>& done);
+    void submissionAnswered(const platform::Result<platform::HttpReply>& reply, const QString& id);
+    void accept(std::int64_t rank, std::int64_t of);
+    void remove();
+    void removalAnswered(const platform::Result<platform::HttpReply>& reply);
     void store(State state);
+    // Runs `task` soon, unless this object is gone by then.
+    void later(std::function<void()> task);
+    // `handler` with the reply, unless this object is gone by then.
+    [[nodiscard]] platform::WebService::Completion
+    whileAlive(platform::WebService::Completion handler) const;
 
     platform::WebService& web_;
     JumpStats& stats_;
@@ -92,6 +109,9 @@ private:
     QString version_;
     State state_;
     bool isSubmitting_ = false;
+    bool submitsAgain_ = false; // the one on its way carries an old name
+    Request request_ = Request::none;
+    std::function<void(bool)> left_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -1,0 +1,6 @@
+list(APPEND STATS_SOURCES
+    ChallengeBoard.cpp
+    ChallengeCoding.cpp
+    ChallengeName.cpp
+    ChallengeService.cpp
+)
