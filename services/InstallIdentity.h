@@ -13,6 +13,7 @@ public:
     InstallIdentity(platform::UserDefaults& defaults, const platform::AppInfo& app)
         : defaults_(defaults), version_(app.version), build_(app.build) {}
 
+    [[nodiscard]] const QString& version() const { return version_; }
     // Makes the identifier where there is none.
     [[nodiscard]] QString identifier() const;
     // "v" version, "b" build, "e" edition, "id" identifier.

@@ -4,6 +4,7 @@
 #include "platform/DebugLogFile.h"
 #include "platform/JsonDefaults.h"
 #include "platform/QtExecutor.h"
+#include "platform/QtHttpClient.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
 #include "platform/UnavailablePorts.h"
@@ -53,7 +54,7 @@ struct Services {
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
                        baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
-          http(scheduler, {}), crashCapture({}) {}
+          http(scheduler, executor, app.version), crashCapture({}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -68,7 +69,7 @@ struct Services {
     FileManagerMenu servicesMenu;
     DetachedProcesses processes;
     DBusNotifications distributedNotifications;
-    platform::UnavailableHttpClient http;
+    platform::QtHttpClient http;
     platform::UnavailableCrashCapture crashCapture;
 };
 

@@ -1,0 +1,5 @@
+list(APPEND SERVICES_SOURCES
+    FeedbackService.cpp
+    Pings.cpp
+    UpdateChecker.cpp
+)
