@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/ConfigurationCoding.h"
 
+#include "model/LoneSurrogates.h"
 #include "model/Timestamp.h"
 
 #include <QJsonArray>
@@ -295,44 +296,6 @@ QJsonValue ObjectWriter::json(const ShortcutItem& value) {
     ObjectWriter writer(value.unknownKeys);
     codeItem(writer, value);
     return writer.object();
-}
-
-// Half a surrogate pair ("\ud83d") can be read from JSON but not written as UTF-8: what would be
-// written must be what is kept in memory.
-QString withoutLoneSurrogates(QString text) {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
-            ++i;
-        else if (text.at(i).isSurrogate())
-            text[i] = QChar::ReplacementCharacter;
-    }
-    return text;
-}
-
-QJsonValue withoutLoneSurrogates(const QJsonValue& value) {
-    switch (value.type()) {
-    case QJsonValue::String:
-        return withoutLoneSurrogates(value.toString());
-    case QJsonValue::Array: {
-        QJsonArray array;
-        for (const QJsonValueConstRef element : value.toArray())
-            array.append(withoutLoneSurrogates(element));
-        return array;
-    }
-    case QJsonValue::Object: {
-        const QJsonObject old = value.toObject();
-        QJsonObject object;
-        for (auto it = old.begin(); it != old.end(); ++it)
-            object.insert(withoutLoneSurrogates(it.key()), withoutLoneSurrogates(it.value()));
-        return object;
-    }
-    case QJsonValue::Null:
-    case QJsonValue::Bool:
-    case QJsonValue::Double:
-    case QJsonValue::Undefined:
-        break;
-    }
-    return value;
 }
 
 } // namespace

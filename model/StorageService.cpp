@@ -2,6 +2,7 @@
 #include "model/StorageService.h"
 
 #include "model/ConfigurationCoding.h"
+#include "model/FreePath.h"
 #include "model/SortOrder.h"
 #include "platform/Diagnostics.h"
 #include "platform/UserDefaults.h"
@@ -119,12 +120,7 @@ Outcome StorageService::store(const AppConfiguration& configuration) {
 }
 
 QString StorageService::freePath(const QString& suffix) const {
-    const QString wanted = path_ + u'.' + suffix + u'-' +
-                           clock_.nowLocal().toString(QStringLiteral("yyyyMMdd'T'HHmmss"));
-    QString path = wanted;
-    for (int copy = 2; files_.kind(path) != FileKind::none; ++copy)
-        path = wanted + u'-' + QString::number(copy);
-    return path;
+    return freePathBeside(files_, path_, suffix, clock_.nowLocal());
 }
 
 void StorageService::takeDailySnapshot() {

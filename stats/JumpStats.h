@@ -7,7 +7,9 @@
 #include "platform/Files.h"
 #include "platform/Scheduler.h"
 #include "platform/WallClock.h"
+#include "stats/LocalDays.h"
 #include "stats/Milestones.h"
+#include "stats/StatsFile.h"
 #include "stats/StatsStore.h"
 
 #include <QObject>
@@ -15,18 +17,23 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace skipnest::stats {
 
 // Counts every jump, and says what the person gained by it. On the main thread; only the writing of
 // the file leaves it.
+//
+// A day is a calendar day where the person is. A jump is counted on the day of the zone as last
+// known, and moved at once after the event at hand where the zone turns out to be another one.
 class JumpStats final : public QObject {
     Q_OBJECT
 public:
     enum class Kind { keyboard, voice, switcher };
 
-    // What others do about a jump. Either may be empty.
+    // What others do about a jump, when the event at hand has been dealt with: a key press waits
+    // for none of it. Either may be empty.
     struct Reactions {
         std::function<void()> firstJump; // the first one ever
         std::function<void()> jumped;    // every one, after it was counted
@@ -44,8 +51,9 @@ public:
         standing_ = std::move(standing);
     }
 
-    // Counts one jump to the target of this name. Under 5 µs, no file is touched; the file is
-    // written 2 s after the last change, on another thread.
+    // Counts one jump to the target of this name; a blank one is no target, but a jump all the
+    // same. Under 5 µs, no file is touched; the file is written 2 s after the last change, on
+    // another thread.
     void record(Kind kind, const QString& target);
     // Of a feature that tips speak of: "keyboard", "voice", "switcher", "hide", "capture", "drop".
     void markUsed(const QString& feature);
@@ -71,24 +79,43 @@ public:
     void celebrate(const QString& id);
 
 Q_SIGNALS:
-    // A figure, a milestone or a tip may be another one now.
+    // A figure, a milestone or a tip may be another one now. Once for all changes of one event,
+    // after it.
     void changed();
 
 private:
-    void load();
-    void changedStore();
-    void write();
+    struct Counted {
+        QDateTime utc;
+        QDate day;
+    };
 
-    platform::Files& files_;
+    void use(const QString& feature);
+    void changedStore();
+    void settle();
+    void settleDays();
+    void handOver();
+    void write();
+    void report(const StatsFile::Saved& saved);
+
     platform::Scheduler& scheduler_;
     platform::Executor& executor_;
     const platform::WallClock& clock_;
     platform::Diagnostics& diagnostics_;
-    QString file_;
     Reactions reactions_;
     std::function<std::optional<ChallengeStanding>()> standing_;
+
+    std::shared_ptr<StatsFile> file_;
+    LocalDays days_;
     StatsStore store_;
+    StatsStore unsaved_; // days and targets that changed since the file was told
+    bool hasUnsaved_ = false;
     platform::Timer save_;
+    std::set<platform::Failure::Kind> reported_; // since the last save that worked
+
+    std::vector<Counted> unsettled_;
+    bool isFirstJump_ = false;
+    bool isSettling_ = false; // settle() is posted
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 } // namespace skipnest::stats

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace skipnest::stats {
 
@@ -35,17 +36,20 @@ struct ChallengeStanding {
     QStringList awarded;   // challenge milestones shown already
 };
 
-// Identifies an ISO week: "recap.2026-W7".
+// Of the ISO week that the day lies in: "recap.2026-W7".
 [[nodiscard]] QString recapIdentifier(QDate day);
 
+// The first that is due and was not celebrated yet. After an import several may be: each has its
+// turn.
 [[nodiscard]] std::optional<Milestone> jumpMilestone(const StatsStore& store);
 // None for a rank below 1 or beyond the number of participants.
 [[nodiscard]] std::optional<Milestone> challengeMilestone(const ChallengeStanding& standing);
 [[nodiscard]] std::optional<Milestone> recap(const StatsStore& store, QDate today);
 [[nodiscard]] std::optional<Tip> tip(const StatsStore& store);
 
-// The figures, for any day.
+// The figures, for any day; JumpStats says what they are.
 [[nodiscard]] std::int64_t weekJumps(const StatsStore& store, QDate today);
+[[nodiscard]] std::vector<std::int64_t> weeks(const StatsStore& store, QDate today, int weeks);
 [[nodiscard]] std::int64_t streakDays(const StatsStore& store, QDate today);
 
 } // namespace skipnest::stats

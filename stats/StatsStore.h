@@ -17,7 +17,14 @@
 
 namespace skipnest::stats {
 
-// What is known of all jumps: the content of stats.json. Counts are never negative.
+// Twenty years of days and 100,000 targets are 5 MB. A file above this is not looked into.
+inline constexpr std::int64_t largestStats = 64LL << 20;
+// No count goes beyond: readers of JSON that know no other numbers than doubles lose digits above.
+inline constexpr std::int64_t largestCount = (1LL << 53) - 1;
+// Of two counts; stays at largestCount.
+[[nodiscard]] std::int64_t sumOfCounts(std::int64_t a, std::int64_t b);
+
+// What is known of all jumps: the content of stats.json. Counts are from 0 to largestCount.
 struct StatsStore {
     std::map<QDate, std::int64_t> byDay; // local calendar days
     QHash<QString, std::int64_t> byTarget;
@@ -34,7 +41,8 @@ struct StatsStore {
     bool operator==(const StatsStore&) const = default;
 };
 
-// The file as it is written, keys in the order above.
+// The file as it is written, keys in the order above, `unknown` after them. Decoding it again
+// yields an equal store and no problems.
 [[nodiscard]] QByteArray encodeStats(const StatsStore& store);
 
 struct DecodedStats {
@@ -43,8 +51,11 @@ struct DecodedStats {
     // beside where there is any.
     QStringList problems;
 };
-// Every part that is right is taken, whatever the others are. Fails only where the bytes are no
-// JSON object at all.
+// Takes any bytes. Every part that is right is taken, whatever the others are: half the days are
+// better than none. Fails only where the bytes are no JSON object at all.
+//
+// Days are "yyyy-MM-dd" and exist, counts are whole numbers, names are trimmed, `firstUse` is an
+// ISO 8601 timestamp or a number of seconds since 2001 began. A part that is absent is no problem.
 [[nodiscard]] platform::Result<DecodedStats> decodeStats(const QByteArray& bytes);
 
 } // namespace skipnest::stats
