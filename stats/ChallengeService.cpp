@@ -139,9 +139,8 @@ void ChallengeService::removalAnswered(const Result<HttpReply>& reply) {
 }
 
 void ChallengeService::jumped() {
-    // The jump itself waits for no request to be built.
-    if (state_.joined && !isSubmitting_ && isSubmissionDue(state_.lastSubmit, clock_.nowUtc()))
-        later([this] { submit(); });
+    if (isSubmissionDue(state_.lastSubmit, clock_.nowUtc()))
+        submit();
 }
 
 void ChallengeService::submit() {
