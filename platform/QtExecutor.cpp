@@ -5,7 +5,8 @@
 
 namespace skipnest::platform {
 
-QtExecutor::QtExecutor(Scheduler& scheduler) : scheduler_(scheduler) {
+QtExecutor::QtExecutor(Scheduler& scheduler, std::function<void()> beforeWork)
+    : scheduler_(scheduler), beforeWork_(std::move(beforeWork)) {
     constexpr int idleMilliseconds = 10'000;
     background_.setExpiryTimeout(idleMilliseconds);
     serial_.setExpiryTimeout(idleMilliseconds);
@@ -29,15 +30,18 @@ void QtExecutor::serial(Work work, Work done) {
 }
 
 void QtExecutor::start(QThreadPool& pool, Work work, Work done) {
-    pool.start(
-        [&scheduler = scheduler_, alive = alive_, work = std::move(work), done = std::move(done)] {
-            work();
-            // `alive` is read on the main thread only, where it is also written.
-            scheduler.post([alive, done] {
-                if (*alive)
-                    done();
-            });
+    pool.start([this, &scheduler = scheduler_, alive = alive_, work = std::move(work),
+                done = std::move(done)]() noexcept {
+        // The destructor waits for work that runs, so this is still there.
+        if (beforeWork_)
+            beforeWork_();
+        work();
+        // `alive` is read on the main thread only, where it is also written.
+        scheduler.post([alive, done] {
+            if (*alive)
+                done();
         });
+    });
 }
 
 } // namespace skipnest::platform

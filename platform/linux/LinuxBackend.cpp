@@ -7,7 +7,6 @@
 #include "platform/QtHttpClient.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
-#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/HeadlessPorts.h"
@@ -24,6 +23,8 @@
 #include "platform/linux/X11KeyEvents.h"
 #include "platform/linux/X11KeyboardLayout.h"
 #include "platform/linux/X11Keymap.h"
+#include "platform/linux/crash/AlternateStack.h"
+#include "platform/linux/crash/LinuxCrashCapture.h"
 #include "platform/linux/index/LinuxFileIndex.h"
 #include "platform/linux/keys/LinuxDesktopShortcuts.h"
 #include "platform/linux/keys/X11KeyboardCapture.h"
@@ -47,14 +48,15 @@ QString baseFolder(const QProcessEnvironment& environment, const char* variable,
 // What every session has.
 struct Services {
     Services(const platform::AppInfo& app, const QProcessEnvironment& environment)
-        : executor(scheduler), diagnostics(app.logFolder, scheduler, wallClock),
+        : executor(scheduler, ensureAlternateStack),
+          diagnostics(app.logFolder, scheduler, wallClock),
           defaults(files, app.supportFolder + QStringLiteral("/defaults.json")),
           instances(app.runtimeFolder),
           loginItem(files, app, baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
                        baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
-          http(scheduler, executor, app.version), crashCapture({}) {}
+          http(scheduler, executor, app.version) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -70,7 +72,7 @@ struct Services {
     DetachedProcesses processes;
     DBusNotifications distributedNotifications;
     platform::QtHttpClient http;
-    platform::UnavailableCrashCapture crashCapture;
+    std::unique_ptr<platform::CrashCapture> crashCapture = makeCrashCapture();
 };
 
 // What a session with or without X has on the screen and in its settings. `display` and `keymap`
@@ -151,7 +153,7 @@ private:
                  services_->processes,
                  services_->distributedNotifications,
                  services_->http,
-                 services_->crashCapture} {}
+                 *services_->crashCapture} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -205,7 +207,7 @@ public:
                  services_.processes,
                  services_.distributedNotifications,
                  services_.http,
-                 services_.crashCapture} {}
+                 *services_.crashCapture} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/index/IndexWorker.h"
 
+#include "platform/linux/crash/AlternateStack.h"
 #include "platform/linux/index/IndexCache.h"
 #include "platform/linux/index/StoreUpdate.h"
 
@@ -73,6 +74,7 @@ void IndexWorker::ask(Request request) {
 }
 
 void IndexWorker::run() {
+    ensureAlternateStack();
     yieldToEverybody();
     readApplications();
     loadCache();

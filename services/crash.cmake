@@ -1,0 +1,1 @@
+list(APPEND SERVICES_SOURCES CrashRecord.cpp CrashReporter.cpp)
