@@ -2,12 +2,16 @@
 #include "app/AppDelegate.h"
 
 #include "app/LocationCheck.h"
+#include "platform/Alerts.h"
+#include "platform/CrashCapture.h"
 #include "platform/Diagnostics.h"
 #include "platform/FileIndex.h"
 #include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
 #include "platform/ServicesMenu.h"
+#include "platform/StatusItem.h"
 
+#include <QCoreApplication>
 #include <QStringBuilder>
 
 #include <utility>
@@ -30,10 +34,16 @@ public:
     [[nodiscard]] bool knowsTabsOf(const QString&) const override { return false; }
 };
 
-class AppDelegate::NoCounter final : public hotkeys::JumpCounter {
+class AppDelegate::Counter final : public hotkeys::JumpCounter {
 public:
-    void countKeyboardJump(const QString&) override {}
-    void countHide() override {}
+    explicit Counter(stats::JumpStats& stats) : stats_(stats) {}
+    void countKeyboardJump(const QString& name) override {
+        stats_.record(stats::JumpStats::Kind::keyboard, name);
+    }
+    void countHide() override { stats_.markUsed(QStringLiteral("hide")); }
+
+private:
+    stats::JumpStats& stats_;
 };
 
 AppDelegate::AppDelegate(const platform::Ports& ports) : AppDelegate(ports, Options{}) {}
@@ -41,9 +51,12 @@ AppDelegate::AppDelegate(const platform::Ports& ports) : AppDelegate(ports, Opti
 AppDelegate::AppDelegate(const platform::Ports& ports, Options options)
     : ports_(ports), options_(std::move(options)),
       storage_(ports.files, ports.diagnostics, ports.wallClock, ports.defaults, ports.app),
+      stats_(ports.files, ports.scheduler, ports.executor, ports.wallClock, ports.diagnostics,
+             ports.app),
+      webClients_(ports_, stats_),
       hotkeys_(ports.hotkeys, ports.keyboardLayout, ports.diagnostics, ports.scheduler),
       ledger_(hotkeys_, ports.desktopShortcuts), focus_(ports.workspace, ports.app.pid),
-      switcher_(std::make_unique<NoSwitcher>()), counter_(std::make_unique<NoCounter>()),
+      switcher_(std::make_unique<NoSwitcher>()), counter_(std::make_unique<Counter>(stats_)),
       jumps_(ports, focus_, *switcher_, *counter_), cycler_(ports) {}
 
 AppDelegate::~AppDelegate() {
@@ -51,10 +64,22 @@ AppDelegate::~AppDelegate() {
 }
 
 void AppDelegate::launch(LaunchSteps steps) {
+    captureCrashes();
     checkLocation(ports_, [this, alive = alive_, steps = std::move(steps)] {
         if (*alive)
             continueLaunch(steps);
     });
+}
+
+void AppDelegate::captureCrashes() {
+    if (ports_.crashCapture.availability().state == platform::Availability::State::unavailable)
+        return;
+    // The record cannot make its folder when the time has come.
+    auto installed = ports_.files.createFolder(ports_.app.supportFolder);
+    if (installed)
+        installed = ports_.crashCapture.install(webClients_.crashes.recordFile());
+    if (!installed)
+        ports_.diagnostics.log(u"crash: not captured: " % installed.failure().detail);
 }
 
 void AppDelegate::continueLaunch(const LaunchSteps& steps) {
@@ -101,9 +126,17 @@ void AppDelegate::createShell() {
             .jump = [this](const ShortcutItem& item) { jumps_.jump(item, ports_.scheduler.now()); },
             .capture = {},
             .voice = {},
-            .checkForUpdates = {},
+            .checkForUpdates = webClients_.web.isConfigured()
+                                   ? std::function<void()>([this] { checkForUpdates(); })
+                                   : std::function<void()>(),
             .quit = options_.quit,
+            .droppedOnIcon = [this] { stats_.markUsed(QStringLiteral("drop")); },
+            .uses = [this](const QString& name) { return stats_.store().byTarget.value(name); },
         });
+    QObject::connect(&stats_, &stats::JumpStats::changed, &context_,
+                     [this] { shell_->usesChanged(); });
+    QObject::connect(&webClients_.updates, &services::UpdateChecker::checked, &context_,
+                     [this](auto outcome) { updatesChecked(outcome); });
     shell_->createStatusItemAndPopover();
 }
 
@@ -111,6 +144,7 @@ void AppDelegate::createShell() {
 void AppDelegate::tidyAfterLaunch() {
     ledger_.refresh();
     ports_.fileIndex.prepare();
+    webClients_.start(options_.updates);
     if (options_.setup == Options::Setup::countsAsDone)
         return;
     // The entry may have been removed, or point at where the program was; nobody asked for
@@ -128,6 +162,8 @@ void AppDelegate::showPopoverAfterStart() {
 void AppDelegate::settingsApplied(const AppConfiguration& configuration) {
     jumps_.setSwitches(
         {configuration.windowSwitcherOrDefault(), configuration.browserTabSwitchingOrDefault()});
+    webClients_.settingsApplied(configuration.crashReportsOrDefault(),
+                                configuration.didOnboard.value_or(false));
     const auto before = std::exchange(launchAtLogin_, configuration.launchAtLogin);
     if (before && *before != configuration.launchAtLogin)
         setLaunchAtLogin(configuration.launchAtLogin);
@@ -140,6 +176,37 @@ void AppDelegate::setLaunchAtLogin(bool wanted) {
         ports_.diagnostics.print(u"[Skipnest] Failed to " %
                                  QLatin1String(wanted ? "enable" : "disable") %
                                  u" launch at login: " % changed.failure().detail);
+}
+
+// Chosen in the menu: unlike the daily check it always ends with an answer.
+void AppDelegate::checkForUpdates() {
+    if (webClients_.updates.available())
+        return webClients_.updates.open();
+    isAnswerAwaited_ = true;
+    webClients_.updates.check();
+}
+
+void AppDelegate::updatesChecked(services::UpdateChecker::Outcome outcome) {
+    using Outcome = services::UpdateChecker::Outcome;
+    const auto text = [](const char* source) {
+        return QCoreApplication::translate("AppDelegate", source);
+    };
+    const QString newer = text(QT_TRANSLATE_NOOP("AppDelegate", "Skipnest update available"));
+    ports_.statusItem.setToolTip(webClients_.updates.available() ? newer
+                                                                 : QStringLiteral("Skipnest"));
+    if (!std::exchange(isAnswerAwaited_, false))
+        return;
+    if (outcome == Outcome::newer)
+        return webClients_.updates.open();
+    const bool isNewest = outcome == Outcome::newest;
+    ports_.alerts.show(
+        {isNewest ? text(QT_TRANSLATE_NOOP("AppDelegate", "Skipnest is up to date"))
+                  : text(QT_TRANSLATE_NOOP("AppDelegate", "The check for updates failed")),
+         isNewest ? text(QT_TRANSLATE_NOOP("AppDelegate", "%1 is the newest version."))
+                        .arg(ports_.app.version)
+                  : text(QT_TRANSLATE_NOOP("AppDelegate", "Check your connection and try again.")),
+         {text(QT_TRANSLATE_NOOP("AppDelegate", "OK"))}},
+        [](int) {});
 }
 
 void AppDelegate::rebuildHotkeys(const AppConfiguration& configuration) {

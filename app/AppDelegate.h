@@ -3,6 +3,7 @@
 
 #include "app/DebugHooks.h"
 #include "app/MenuBarShell.h"
+#include "app/WebClients.h"
 #include "hotkeys/FocusTracker.h"
 #include "hotkeys/HotkeyManager.h"
 #include "hotkeys/JumpExecution.h"
@@ -13,6 +14,7 @@
 #include "model/StorageService.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Ports.h"
+#include "stats/JumpStats.h"
 
 #include <functional>
 #include <memory>
@@ -29,6 +31,7 @@ public:
         // desktop stands for one where all of that was done long ago.
         enum class Setup { check, countsAsDone };
         Setup setup = Setup::check;
+        WebClients::Updates updates = WebClients::Updates::check;
         std::function<void()> quit; // empty: nothing offers to quit
     };
     struct LaunchSteps {
@@ -54,28 +57,40 @@ public:
     [[nodiscard]] hotkeys::WindowCycler& cycler() { return cycler_; }
     [[nodiscard]] platform::NotificationCenter& notifications() { return notifications_; }
     [[nodiscard]] hotkeys::KeyLedger& ledger() { return ledger_; }
+    [[nodiscard]] stats::JumpStats& stats() { return stats_; }
+    [[nodiscard]] platform::WebService& webService() { return webClients_.web; }
+    [[nodiscard]] services::Pings& pings() { return webClients_.pings; }
+    [[nodiscard]] services::FeedbackService& feedbackService() { return webClients_.feedback; }
+    [[nodiscard]] services::UpdateChecker& updates() { return webClients_.updates; }
+    [[nodiscard]] services::CrashReporter& crashReporter() { return webClients_.crashes; }
+    [[nodiscard]] stats::ChallengeService& challenge() { return webClients_.challenge; }
     // These exist from the launch on; panels may use them from createPopover() on.
     [[nodiscard]] model::ShortcutListViewModel& viewModel() { return *viewModel_; }
     [[nodiscard]] model::ShortcutTransfer& transfer() { return *transfer_; }
     [[nodiscard]] MenuBarShell& shell() { return *shell_; }
 
 private:
-    // Stand where the window switcher and the statistics plug in; both decline.
+    // Stands where the window switcher plugs in; it declines.
     class NoSwitcher;
-    class NoCounter;
+    class Counter;
 
+    void captureCrashes();
     void continueLaunch(const LaunchSteps& steps);
     void createList();
     void createShell();
     void rebuildHotkeys(const model::AppConfiguration& configuration);
     void settingsApplied(const model::AppConfiguration& configuration);
     void setLaunchAtLogin(bool wanted);
+    void checkForUpdates();
+    void updatesChecked(services::UpdateChecker::Outcome outcome);
     void tidyAfterLaunch();
 
     platform::Ports ports_;
     Options options_;
     platform::NotificationCenter notifications_;
     model::StorageService storage_;
+    stats::JumpStats stats_;
+    WebClients webClients_;
     hotkeys::HotkeyManager hotkeys_;
     hotkeys::KeyLedger ledger_;
     hotkeys::FocusTracker focus_;
@@ -88,6 +103,8 @@ private:
     std::unique_ptr<MenuBarShell> shell_;
     DebugHooks debugHooks_;
     std::optional<bool> launchAtLogin_; // as last applied
+    bool isAnswerAwaited_ = false;      // the person asked for updates
+    QObject context_;                   // connections end with the delegate
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

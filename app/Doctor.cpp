@@ -4,6 +4,7 @@
 #include "app/LocationCheck.h"
 #include "model/ConfigurationCoding.h"
 #include "model/StorageService.h"
+#include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/FileIndex.h"
@@ -15,6 +16,7 @@
 #include "platform/ScriptRunner.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
+#include "platform/WebService.h"
 #include "platform/Workspace.h"
 
 #include <QJsonObject>
@@ -80,6 +82,11 @@ Availability locationRow(const platform::AppInfo& app) {
     return {};
 }
 
+Availability serviceRow(const platform::Ports& ports) {
+    return platform::WebService(ports.http, ports.scheduler, ports.app.serviceAddress)
+        .availability();
+}
+
 } // namespace
 
 std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
@@ -99,6 +106,8 @@ std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
         {QStringLiteral("file-manager menu"), ports.servicesMenu.availability()},
         {QStringLiteral("debug hooks"), ports.distributedNotifications.availability()},
         {QStringLiteral("program's place"), locationRow(ports.app)},
+        {QStringLiteral("web service"), serviceRow(ports)},
+        {QStringLiteral("crash capture"), ports.crashCapture.availability()},
     };
 }
 

@@ -10,6 +10,7 @@
 #include <QStringBuilder>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace skipnest::app {
@@ -101,6 +102,25 @@ void MenuBarShell::statusItemClicked() {
     toggle(!isShown && !justHidden);
 }
 
+std::vector<ShortcutItem> MenuBarShell::mostUsed() const {
+    std::vector<std::pair<std::int64_t, const ShortcutItem*>> ranked;
+    for (const ShortcutItem& item : list_.shortcuts())
+        if (item.keyCombo && list_.isConfirmed(item.id))
+            ranked.emplace_back(actions_.uses ? actions_.uses(item.name) : 0, &item);
+    std::ranges::stable_sort(ranked, std::greater{}, [](const auto& pair) { return pair.first; });
+    ranked.resize(std::min(ranked.size(), targetsInMenu));
+    std::vector<ShortcutItem> items;
+    for (const auto& [uses, item] : ranked)
+        items.push_back(*item);
+    return items;
+}
+
+void MenuBarShell::usesChanged() {
+    const auto items = mostUsed();
+    if (!std::ranges::equal(items, inMenu_, {}, &ShortcutItem::id))
+        rebuildMenu();
+}
+
 void MenuBarShell::rebuildMenu() {
     const auto text = [](const char* source) {
         return QCoreApplication::translate("MenuBarShell", source);
@@ -120,15 +140,11 @@ void MenuBarShell::rebuildMenu() {
 
     add(text(QT_TRANSLATE_NOOP("MenuBarShell", "Open")), [this] { showPopover(); });
     separate();
+    inMenu_.clear();
     if (actions_.jump) {
-        std::size_t targets = 0;
-        for (const ShortcutItem& item : list_.shortcuts()) {
-            if (targets == targetsInMenu)
-                break;
-            if (!item.keyCombo || !list_.isConfirmed(item.id))
-                continue;
+        for (const ShortcutItem& item : mostUsed()) {
             add(menuTitle(item.name), [this, item] { actions_.jump(item); });
-            ++targets;
+            inMenu_.push_back(item.id);
         }
     }
     separate();
@@ -189,8 +205,11 @@ platform::Outcome MenuBarShell::addDropped(const QStringList& urls) {
 
 void MenuBarShell::dropped(const QStringList& urls) {
     const auto refusal = openFirst(urls);
-    if (!refusal)
+    if (!refusal) {
+        if (actions_.droppedOnIcon)
+            actions_.droppedOnIcon();
         return;
+    }
     ports_.alerts.show({QCoreApplication::translate("MenuBarShell", "This cannot get a key"),
                         translatedRefusal(*refusal),
                         {QCoreApplication::translate("MenuBarShell", "OK")}},

@@ -29,6 +29,10 @@ public:
         std::function<void()> voice;
         std::function<void()> checkForUpdates;
         std::function<void()> quit;
+        std::function<void()> droppedOnIcon = {}; // something that can get a key
+        // How often a target of this name was jumped to; without it the menu takes the list's
+        // order.
+        std::function<std::int64_t(const QString& name)> uses = {};
     };
 
     MenuBarShell(const platform::Ports& ports, model::ShortcutListViewModel& list,
@@ -52,6 +56,9 @@ public:
     // Stores that onboarding was seen and closes it.
     void finishOnboarding();
 
+    // The counts of `uses` have changed.
+    void usesChanged();
+
     // Files and folders by URL or path: opens the add screen with the first that is one. Answers
     // why nothing could be added where none is.
     platform::Outcome addDropped(const QStringList& urls);
@@ -65,12 +72,15 @@ private:
     void toggle(bool show);
     void popoverHidden();
     void rebuildMenu();
+    // Those of the menu, the most used first.
+    [[nodiscard]] std::vector<model::ShortcutItem> mostUsed() const;
 
     platform::Ports ports_;
     model::ShortcutListViewModel& list_;
     platform::NotificationCenter& notifications_;
     Actions actions_;
     platform::PopoverRoute route_;
+    std::vector<model::RecordId> inMenu_;            // the targets of the menu
     std::vector<std::function<void()>> menuActions_; // by entry id, which counts from 1
     enum class Hiding { byThemselves, byUs };
     Hiding hiding_ = Hiding::byThemselves;

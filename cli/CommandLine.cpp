@@ -55,11 +55,12 @@ ExitStatus help(const QStringList& words) {
     if (name == u"run") {
         write(stdout,
               QStringLiteral(
-                  "usage: skipnest run [--background] [--record FILE]\n\n"
+                  "usage: skipnest run [--background] [--record FILE] [--add FILE]\n\n"
                   "Starts the agent and takes over from one that runs. --background is what "
                   "the autostart entry uses. --record writes a trace that `skipnest replay` "
                   "reads: modifier keys and registered keys only, never over a file that "
-                  "exists.\n"));
+                  "exists. --add opens the popover on a new shortcut for the file; an agent that "
+                  "runs does it, and stays.\n"));
         return ExitStatus::done;
     }
     return wrongUsage(u"there is no subcommand \"" % name % u"\"");
@@ -141,6 +142,13 @@ const std::vector<Subcommand>& subcommands() {
          0,
          {text("config=")},
          runHotkeys},
+        {text("stats"),
+         text("stats [--file FILE] [--on yyyy-MM-dd]"),
+         text("jumps, streak, time saved, and what is to be shown next"),
+         0,
+         0,
+         {text("file="), text("on=")},
+         runStats},
         {text("replay"),
          text("replay FILE"),
          text("runs a trace on the simulated desktop"),

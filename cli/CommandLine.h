@@ -25,6 +25,7 @@ struct Context {
     std::function<const platform::Backend&()> backend;
     QString runtimeFolder; // where a running agent would listen
     QString activationToken;
+    QString supportFolder = {}; // where the statistics lie
 };
 
 // The words behind a subcommand, sorted into options ("--name value", "--flag") and the rest.

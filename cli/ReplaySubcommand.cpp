@@ -9,6 +9,7 @@
 #include "platform/sim/SimDesktop.h"
 
 #include <QFile>
+#include <QJsonDocument>
 
 #include <cstdio>
 #include <memory>
@@ -29,6 +30,9 @@ public:
         delegate_ = std::make_unique<app::AppDelegate>(
             desk_.ports(), app::AppDelegate::Options{
                                .setup = app::AppDelegate::Options::Setup::countsAsDone,
+                               .updates = desk_.http().hasAnswer(QStringLiteral("/version.json"))
+                                              ? app::WebClients::Updates::check
+                                              : app::WebClients::Updates::leave,
                                .quit = {},
                            });
         delegate_->launch();
@@ -51,7 +55,7 @@ public:
         return {
             {QStringLiteral("config"), model::toJson(delegate_->viewModel().config())},
             {QStringLiteral("hotkeys"), app::hotkeysJson(delegate_->hotkeys().registered())},
-            {QStringLiteral("stats"), QJsonObject()},
+            {QStringLiteral("stats"), stats()},
             {QStringLiteral("panel"), desk_.panels().isPopoverShown()
                                           ? QJsonValue(QStringLiteral("popover"))
                                           : QJsonValue()},
@@ -59,6 +63,11 @@ public:
     }
 
 private:
+    // In memory, in the shape of the file.
+    [[nodiscard]] QJsonObject stats() const {
+        return QJsonDocument::fromJson(stats::encodeStats(delegate_->stats().store())).object();
+    }
+
     sim::SimDesktop& desk_;
     std::unique_ptr<app::AppDelegate> delegate_;
 };

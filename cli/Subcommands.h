@@ -9,6 +9,7 @@ namespace skipnest::cli {
 ExitStatus runCombo(const Arguments& arguments, const Context& context);
 ExitStatus runConfigCheck(const Arguments& arguments, const Context& context);
 ExitStatus runHotkeys(const Arguments& arguments, const Context& context);
+ExitStatus runStats(const Arguments& arguments, const Context& context);
 ExitStatus runReplay(const Arguments& arguments, const Context& context);
 
 ExitStatus runDoctor(const Arguments& arguments, const Context& context);

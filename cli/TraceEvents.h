@@ -111,6 +111,10 @@ struct AnswerScript { // script
     QString receiver;
     platform::ScriptAnswer answer;
 };
+struct AnswerRequests { // reply
+    QString path;
+    sim::SimHttp::Answer answer;
+};
 struct Wait { // wait
     platform::Instant until;
 };
@@ -119,7 +123,7 @@ using What = std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust,
                           QuitApp, BringToFront, AddShortcut, AddFile, AddFolder, RemovePath,
                           SetBookmark, SetDefaultApplication, RefuseCombo, RefuseHandler,
                           IgnoreHide, Start, ChangeModifiers, PressKey, PressHotkey, PressButton,
-                          LeavePanel, AnswerScript, Wait>;
+                          LeavePanel, AnswerScript, AnswerRequests, Wait>;
 
 struct Event {
     std::optional<platform::Instant> at; // absent: as soon as the one before is done

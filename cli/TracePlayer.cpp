@@ -254,6 +254,11 @@ Outcome TracePlayer::play(const LeavePanel&, Instant) {
     return Done{};
 }
 
+Outcome TracePlayer::play(const AnswerRequests& event, Instant) {
+    desk_.http().setAnswer(event.path, event.answer);
+    return Done{};
+}
+
 Outcome TracePlayer::play(const AnswerScript& event, Instant) {
     desk_.scripts().setAnswer(event.receiver, event.answer);
     return Done{};

@@ -170,6 +170,14 @@ QString pathOf(const QJsonObject& event) {
     return event[u"path"_s].toString();
 }
 
+Result<What> reply(const QJsonObject& event) {
+    if (const auto error = text(event[u"error"_s]))
+        return What(AnswerRequests{pathOf(event), Failure{Failure::Kind::refused, *error}});
+    return What(
+        AnswerRequests{pathOf(event), platform::HttpReply{event[u"status"_s].toInt(200),
+                                                          event[u"body"_s].toString().toUtf8()}});
+}
+
 struct Builder {
     QStringView name;
     Result<What> (*build)(const QJsonObject&);
@@ -231,6 +239,7 @@ constexpr auto builders = std::to_array<Builder>({
     {u"panelKeyLost", [](const QJsonObject&) -> Result<What> { return What(LeavePanel{}); }},
     {u"click", click},
     {u"script", script},
+    {u"reply", reply},
     {u"wait",
      [](const QJsonObject& e) -> Result<What> { return What(Wait{instant(e[u"until"_s])}); }},
 });

@@ -183,6 +183,17 @@ QJsonObject json(const PressButton& e) {
 QJsonObject json(const LeavePanel&) {
     return named(u"panelKeyLost"_s);
 }
+QJsonObject json(const AnswerRequests& e) {
+    QJsonObject event = named(u"reply"_s, {{u"path"_s, e.path}});
+    if (const auto* failure = std::get_if<platform::Failure>(&e.answer)) {
+        event[u"error"_s] = failure->detail;
+    } else {
+        const auto& reply = std::get<platform::HttpReply>(e.answer);
+        event[u"status"_s] = reply.status;
+        event[u"body"_s] = QString::fromUtf8(reply.body);
+    }
+    return event;
+}
 QJsonObject json(const AnswerScript& e) {
     QJsonObject event = named(u"script"_s, {{u"to"_s, e.receiver}});
     if (const auto* output = std::get_if<platform::ScriptText>(&e.answer))

@@ -27,10 +27,12 @@ std::optional<AgentOptions> agentOptions(QStringList words) {
             options.popover = AgentOptions::Popover::keepClosed;
         } else if (words[i] == u"--record" && i + 1 < words.size()) {
             options.recordFile = words[++i];
+        } else if (words[i] == u"--add" && i + 1 < words.size()) {
+            options.addTarget = words[++i];
         } else {
             std::fprintf(stderr,
                          "skipnest: run does not understand \"%s\"\n"
-                         "usage: skipnest [run [--background] [--record FILE]]\n",
+                         "usage: skipnest [run [--background] [--record FILE] [--add FILE]]\n",
                          qUtf8Printable(words[i]));
             return std::nullopt;
         }

@@ -17,6 +17,7 @@ struct AgentOptions {
     enum class Popover { open, keepClosed };
     Popover popover = Popover::open; // what a start in the middle of a session shows
     QString recordFile;              // empty: no trace is written
+    QString addTarget;               // the popover opens on a shortcut for this path or URL
 };
 
 // The arguments behind the program's name.

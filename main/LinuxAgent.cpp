@@ -12,10 +12,12 @@
 #include "platform/linux/TerminationSignals.h"
 #include "ui/QuickAlerts.h"
 #include "ui/QuickPanels.h"
+#include "ui/Translations.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QProcessEnvironment>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
@@ -91,6 +93,9 @@ std::unique_ptr<cli::TraceRecorder> startRecording(const QString& path,
 int runAgent(int argc, char** argv, const AgentOptions& options) {
     const QString recordFile =
         options.recordFile.isEmpty() ? QString() : QFileInfo(options.recordFile).absoluteFilePath();
+    const QString addTarget = options.addTarget.isEmpty() || options.addTarget.contains(u"://")
+                                  ? options.addTarget
+                                  : QFileInfo(options.addTarget).absoluteFilePath();
     const platform::AppInfo app =
         linuxdesktop::linuxAppInfo(QProcessEnvironment::systemEnvironment());
     // What is opened from here starts at home, wherever the agent was started, and the agent keeps
@@ -99,6 +104,7 @@ int runAgent(int argc, char** argv, const AgentOptions& options) {
     const SessionApplication application(argc, argv);
     nameApplication(app);
     preferSoftwareRendering();
+    ui::installTranslations(*QCoreApplication::instance(), QLocale());
     app::AppDelegate* launched = nullptr;
     ui::QuickAlerts alerts([&launched]() -> const ui::Palette& {
         return ui::palette(launched != nullptr ? launched->viewModel().theme()
@@ -115,7 +121,9 @@ int runAgent(int argc, char** argv, const AgentOptions& options) {
                              [&](app::AppDelegate& delegate) {
                                  launched = &delegate;
                                  recorder = startRecording(recordFile, delegate);
-                                 if (options.popover == AgentOptions::Popover::open)
+                                 if (!addTarget.isEmpty())
+                                     (void)delegate.shell().addDropped({addTarget});
+                                 else if (options.popover == AgentOptions::Popover::open)
                                      delegate.showPopoverAfterStart();
                              },
                      });

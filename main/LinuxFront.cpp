@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/Entry.h"
 
+#include "cli/AgentClient.h"
 #include "cli/CommandLine.h"
 #include "platform/linux/LinuxAppInfo.h"
 
@@ -30,17 +31,31 @@ namespace {
 } // namespace
 
 int runFront(int argc, char** argv) {
-    const QStringList words = argumentWords(argc, argv);
-    if (startsAgent(words))
-        becomeAgent(argv);
-    const QCoreApplication application(argc, argv);
+    QStringList words = argumentWords(argc, argv);
     const auto environment = QProcessEnvironment::systemEnvironment();
     const platform::AppInfo app = linuxdesktop::linuxAppInfo(environment);
+    QString addTarget;
+    if (startsAgent(words)) {
+        const auto options = agentOptions(words);
+        if (!options)
+            return static_cast<int>(cli::ExitStatus::wrongUsage);
+        addTarget = options->addTarget;
+        if (addTarget.isEmpty())
+            becomeAgent(argv);
+    }
+    const QCoreApplication application(argc, argv);
+    if (!addTarget.isEmpty()) {
+        const QJsonObject status{{QStringLiteral("verb"), QStringLiteral("status")}};
+        if (!cli::askAgent(app.runtimeFolder, status))
+            becomeAgent(argv);
+        words = {QStringLiteral("popover"), QStringLiteral("--add"), addTarget};
+    }
     QCoreApplication::setApplicationVersion(app.version);
     const cli::Context context{
         .backend = [argv]() -> const platform::Backend& { becomeAgent(argv); },
         .runtimeFolder = app.runtimeFolder,
         .activationToken = environment.value(QStringLiteral("XDG_ACTIVATION_TOKEN")),
+        .supportFolder = app.supportFolder,
     };
     return static_cast<int>(cli::runCommandLine(words, context));
 }

@@ -22,6 +22,7 @@ public:
     // Every request for this path, whatever its query, gets this answer from now on, `after` that
     // long. A path without an answer has no server: the connection is refused.
     void setAnswer(const QString& path, Answer answer, platform::Duration after = {});
+    [[nodiscard]] bool hasAnswer(const QString& path) const { return answers_.contains(path); }
     // Of the last request, as it went out.
     [[nodiscard]] const platform::HttpRequest& lastRequest() const { return last_; }
 

@@ -2,6 +2,8 @@
 #include "tests/e2e/DesktopTest.h"
 #include "tests/e2e/Waiting.h"
 
+#include <QFile>
+
 namespace skipnest::e2e {
 namespace {
 
@@ -96,6 +98,35 @@ TEST_F(ShellTest, AStartByHandTakesOverAndOpensThePopover) {
         return std::ranges::find(ours, windows().active()) != ours.end();
     }));
     EXPECT_TRUE(jumps(u"ctrl+alt+j", one));
+}
+
+// A first start leads to a shortcut that works, by Return and the key it proposes alone.
+TEST_F(ShellTest, AFirstStartLeadsToAKeyThatJumps) {
+    agent->set(QStringLiteral("didOnboard"), false);
+    agent->set(QStringLiteral("voiceSearch"), false);
+    ASSERT_NO_FATAL_FAILURE(startAgent());
+    ASSERT_TRUE(popoverComes()) << "onboarding shows itself";
+    const auto shortcuts = [this] { return agent->command({QStringLiteral("list")}).json.array(); };
+    ASSERT_TRUE(eventually([&] {
+        keyboard().tap(u"return");
+        return eventually([&] { return !shortcuts().isEmpty(); }, 300ms);
+    })) << "no first shortcut";
+    const QJsonValue first = shortcuts().first();
+    const QString chord = first[u"key"].toString().toLower().remove(u' ').replace(
+        QStringLiteral("opt"), QStringLiteral("alt"));
+    EXPECT_TRUE(jumps(chord, first[u"name"].toString())) << qPrintable(chord);
+
+    const auto hasOnboarded = [this] {
+        QFile file(agent->configurationPath());
+        return file.open(QIODevice::ReadOnly) &&
+               QJsonDocument::fromJson(file.readAll())[u"didOnboard"].toBool();
+    };
+    EXPECT_FALSE(hasOnboarded());
+    ASSERT_TRUE(popoverComes()) << "it comes back for the next step";
+    EXPECT_TRUE(eventually([&] {
+        keyboard().tap(u"return");
+        return eventually(hasOnboarded, 300ms);
+    }));
 }
 
 } // namespace

@@ -54,7 +54,7 @@ TEST_F(FileManagerMenuTest, WritesForInstalledOnesAndFollowsTheProgram) {
     script.setProcessEnvironment(environment);
     script.start(nautilus, QStringList());
     ASSERT_TRUE(script.waitForFinished());
-    EXPECT_EQ(started(), "popover\n--add\n/a/it's \"$HOME\" ü.txt\n");
+    EXPECT_EQ(started(), "run\n--add\n/a/it's \"$HOME\" ü.txt\n");
 }
 
 TEST_F(FileManagerMenuTest, LeavesForeignFilesAlone) {

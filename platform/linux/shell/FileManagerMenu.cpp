@@ -120,7 +120,7 @@ platform::Availability FileManagerMenu::availability() const {
 
 platform::Outcome FileManagerMenu::refresh() {
     const Command command{
-        {installedProgram(files_, app_).path, QStringLiteral("popover"), QStringLiteral("--add")},
+        {installedProgram(files_, app_).path, QStringLiteral("run"), QStringLiteral("--add")},
         app_.bundleIdentifier};
     platform::Outcome result = platform::Done{};
     for (const FileManager& manager : fileManagers) {
