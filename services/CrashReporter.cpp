@@ -126,8 +126,12 @@ void CrashReporter::removeRecord() {
     const Result<QByteArray> now = files_.read(file_, longestRecord);
     if (now && *now != bytes_)
         return;
-    if (const platform::Outcome removed = files_.remove(file_); !removed)
+    if (const platform::Outcome removed = files_.remove(file_); !removed) {
         diagnostics_.log(u"crash: the record stays ("_s + removed.failure().detail + u")"_s);
+        return;
+    }
+    // So that it does not come back, and is not sent again, after the power fails.
+    (void)files_.flushFolder(file_.section(u'/', 0, -2));
 }
 
 } // namespace skipnest::services

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace skipnest::linuxdesktop {
 
@@ -27,8 +28,9 @@ public:
     // third argument. The place itself is always the first frame.
     void walkInterrupted(const siginfo_t& info, void* context);
 
-    [[nodiscard]] std::size_t size() const { return size_.load(std::memory_order_acquire); }
-    [[nodiscard]] std::uintptr_t operator[](std::size_t frame) const { return addresses_[frame]; }
+    [[nodiscard]] std::span<const std::uintptr_t> addresses() const {
+        return {addresses_.data(), size_.load(std::memory_order_acquire)};
+    }
 
 private:
     struct Walk;

@@ -62,14 +62,14 @@ void setModule(CodePlace& place, std::string_view path) {
 
 } // namespace
 
-void CodePlaces::begin(const CallStack& stack) {
-    stack_ = &stack;
+void CodePlaces::begin(std::span<const std::uintptr_t> addresses) {
+    addresses_ = addresses.first(std::min(addresses.size(), places_.size()));
     length_ = 0;
     file_ = 0;
     base_ = 0;
-    for (std::size_t frame = 0; frame < stack.size(); ++frame) {
+    for (std::size_t frame = 0; frame < addresses_.size(); ++frame) {
         setModule(places_[frame], nameless);
-        places_[frame].offset = stack[frame];
+        places_[frame].offset = addresses_[frame];
     }
 }
 
@@ -103,8 +103,8 @@ void CodePlaces::takeLine() {
     // What is mapped for reading only may be a file of the person's.
     if (rights[2] != 'x')
         return;
-    for (std::size_t frame = 0; frame < stack_->size(); ++frame) {
-        const std::uintptr_t address = (*stack_)[frame];
+    for (std::size_t frame = 0; frame < addresses_.size(); ++frame) {
+        const std::uintptr_t address = addresses_[frame];
         if (address < start || address >= end)
             continue;
         setModule(places_[frame], path);

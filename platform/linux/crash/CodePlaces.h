@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace skipnest::linuxdesktop {
 
@@ -19,23 +20,27 @@ struct CodePlace {
     std::uintptr_t offset = 0;
 };
 
-// The places of a stack's frames, from the kernel's list of this process's mappings: unlike the
+// The places of addresses, from the kernel's list of this process's mappings: unlike the
 // loader's own list it is read without a lock, and knows the plugins of this moment. May run in a
 // signal handler, and is as large as the longest path, so it does not belong on its stack.
 class CodePlaces {
 public:
-    void begin(const CallStack& stack);
+    // The addresses stay where they are meanwhile; those beyond the longest stack are left out.
+    void begin(std::span<const std::uintptr_t> addresses);
     // The next piece of the list, of any length.
     void read(const char* bytes, std::size_t count);
 
-    [[nodiscard]] const CodePlace& operator[](std::size_t frame) const { return places_[frame]; }
+    // One for each address, in the same order.
+    [[nodiscard]] std::span<const CodePlace> places() const {
+        return {places_.data(), addresses_.size()};
+    }
 
 private:
     void takeLine();
 
     static constexpr std::size_t longestLine = 4096 + 128;
 
-    const CallStack* stack_ = nullptr;
+    std::span<const std::uintptr_t> addresses_;
     std::array<CodePlace, CallStack::most> places_{};
     std::array<char, longestLine> line_{};
     std::size_t length_ = 0;

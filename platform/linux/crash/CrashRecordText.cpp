@@ -37,7 +37,7 @@ void CrashRecordText::appendHexadecimal(std::uintptr_t number) {
 }
 
 void CrashRecordText::write(std::string_view type, std::string_view name, std::string_view reason,
-                            const CallStack& stack, const CodePlaces& places) {
+                            std::span<const CodePlace> stack) {
     size_ = 0;
     append("{"sv);
     appendMember("type"sv, type);
@@ -49,12 +49,13 @@ void CrashRecordText::write(std::string_view type, std::string_view name, std::s
         append(","sv);
     }
     append("\"stack\":\""sv);
-    for (std::size_t frame = 0; frame < stack.size(); ++frame) {
-        if (frame > 0)
-            append("\\n"sv);
-        append(places[frame].module.data());
+    bool isFirst = true;
+    for (const CodePlace& place : stack) {
+        append(isFirst ? ""sv : "\\n"sv);
+        append(place.module.data());
         append("+0x"sv);
-        appendHexadecimal(places[frame].offset);
+        appendHexadecimal(place.offset);
+        isFirst = false;
     }
     append("\"}\n"sv);
 }

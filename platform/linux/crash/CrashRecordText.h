@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace skipnest::linuxdesktop {
@@ -18,7 +19,7 @@ public:
 
     // `reason` may be empty: then there is no such member.
     void write(std::string_view type, std::string_view name, std::string_view reason,
-               const CallStack& stack, const CodePlaces& places);
+               std::span<const CodePlace> stack);
     [[nodiscard]] std::string_view text() const { return {bytes_.data(), size_}; }
 
 private:

@@ -84,10 +84,9 @@ bool takesPart() {
 void writeRecord() {
     prepared.stage = Stage::writing;
     const Ending& ending = prepared.ending;
-    prepared.places.begin(ending.stack);
+    prepared.places.begin(ending.stack.addresses());
     prepared.file.readMappings(prepared.places);
-    prepared.text.write(ending.type, ending.name.data(), ending.reason, ending.stack,
-                        prepared.places);
+    prepared.text.write(ending.type, ending.name.data(), ending.reason, prepared.places.places());
     prepared.file.replace(prepared.text.text());
     prepared.stage = Stage::written;
 }
