@@ -12,6 +12,10 @@ namespace skipnest::platform {
 // no language, no earlier connection. Nothing of Qt's network is there between requests: each has
 // its own QNetworkAccessManager, which ends with it (as does its thread), so that an idle agent
 // has none and nothing is carried from one request to the next.
+//
+// Two limits of Qt's: a reply sent in chunks that ends before its last one may pass as whole (one
+// with a Content-Length never does), so callers decode what they take; and a GET, never a post, may
+// be sent again when the server closes the connection without a word.
 class QtHttpClient final : public HttpClient {
 public:
     // The server sees "Skipnest/VERSION".

@@ -23,8 +23,10 @@ constexpr auto identifierOrNone = "([0-9A-Fa-f]{8}(-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-
 constexpr auto count = "0|[1-9][0-9]{0,14}";
 constexpr auto dottedNumbers = "[0-9]{1,9}(\\.[0-9]{1,9}){0,5}";
 constexpr auto challenger = "(?! )[^\\p{C}]{1,24}(?<! )";
+// Of a signal or a C++ type.
+constexpr auto crashName = "[A-Za-z0-9_:<>,*&()\\[\\]{}# '~-]{1,256}";
 // Module and offset of each frame, no folder.
-constexpr auto stack = "([^/\\n]+\\+0x[0-9A-Fa-f]+(\\n|\\z))*";
+constexpr auto stack = "([A-Za-z0-9._+-]{1,64}\\+0x[0-9a-f]{1,16}(\\n(?!\\z)|\\z))*";
 
 struct Field {
     enum class Presence { always, sometimes };
@@ -100,8 +102,8 @@ const std::vector<Endpoint>& endpoints() {
           {"e", "pro"},
           {"id", identifier},
           {"type", "exception|signal"},
-          {"name", "[A-Za-z0-9_:<>, ]{1,200}"},
-          {"reason", "[^/\\p{Cc}]{0,200}"},
+          {"name", crashName},
+          {"reason", "[A-Za-z0-9_: ]{0,256}"},
           {"stack", stack}}},
         {EndpointKind::share,
          "GET",
@@ -205,12 +207,12 @@ Result<AcceptedRequest> checkRequest(const ServiceRequest& request) {
                                                             QString::fromLatin1(request.path),
                                                             names.join(u',')));
     }
-    for (const auto& [name, value] : *fields) {
+    for (const auto& given : *fields) {
         const auto field = std::ranges::find_if(endpoint->fields, [&](const Field& each) {
-            return name == QLatin1StringView(each.name);
+            return given.first == QLatin1StringView(each.name);
         });
-        if (!hasForm(value, field->form))
-            return wrong(u"the field %1 is \"%2\""_s.arg(name, value));
+        if (!hasForm(given.second, field->form))
+            return wrong(u"the field %1 is \"%2\""_s.arg(given.first, given.second));
     }
     if (endpoint->sender == Endpoint::Sender::program) {
         if (const auto tells = headerThatTells(request))

@@ -19,12 +19,6 @@ ScriptedAnswer ScriptedAnswer::cut() {
     return {Manner::whole, "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"ok\":true,"};
 }
 
-ScriptedAnswer ScriptedAnswer::cutChunked() {
-    return {
-        Manner::whole,
-        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nb\r\n{\"ok\":true}\r\n20\r\n{\"ok"};
-}
-
 ScriptedAnswer ScriptedAnswer::trickling() {
     return {Manner::trickling, "HTTP/1.1 200 OK\r\nContent-Length: 60000\r\n\r\n"};
 }

@@ -21,7 +21,6 @@ struct ScriptedAnswer {
     [[nodiscard]] static ScriptedAnswer redirect(const QByteArray& location);
     // A body that ends before the announced length.
     [[nodiscard]] static ScriptedAnswer cut();
-    [[nodiscard]] static ScriptedAnswer cutChunked();
     [[nodiscard]] static ScriptedAnswer trickling();
     // Longer than anybody wants, with no length announced.
     [[nodiscard]] static ScriptedAnswer huge();
