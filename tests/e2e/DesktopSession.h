@@ -34,6 +34,10 @@ public:
 
     [[nodiscard]] const QString& display() const { return display_; }
     [[nodiscard]] const QStringList& environment() const { return environment_; }
+    // For what is started from now on.
+    void setEnvironment(const QString& name, const QString& value) {
+        environment_.append(name + u'=' + value);
+    }
     [[nodiscard]] QString home() const { return folder_.path(); }
     [[nodiscard]] QString configHome() const { return folder_.filePath(QStringLiteral("config")); }
     [[nodiscard]] QString stateHome() const { return folder_.filePath(QStringLiteral("state")); }
