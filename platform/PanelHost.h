@@ -37,6 +37,13 @@ public:
     // Told whenever the popover was hidden, by us or because the person went elsewhere.
     [[nodiscard]] virtual Observation observePopoverHidden(std::function<void()> hidden) = 0;
 
+    // Builds the switcher's bar, hidden. Called once, when the switcher exists.
+    virtual void createSwitcherBar() = 0;
+    // Shows what the switcher's model says, without taking the keyboard's focus from the
+    // application below; the bar sizes itself and stays in the middle of this area.
+    virtual void showSwitcherBar(const QRect& available) = 0;
+    virtual void hideSwitcherBar() = 0;
+
     [[nodiscard]] virtual bool isOnboardingShown() const = 0;
     virtual void showOnboarding() = 0;
     virtual void closeOnboarding() = 0;

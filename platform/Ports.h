@@ -5,6 +5,7 @@
 
 namespace skipnest::platform {
 
+class Accessibility;
 class Alerts;
 class ApplicationControl;
 class Bookmarks;
@@ -25,8 +26,10 @@ class KeyEvents;
 class LoginItem;
 class PanelHost;
 class PeerCredentials;
+class PointerEvents;
 class ProcessLauncher;
 class Scheduler;
+class ScreenCapture;
 class Screens;
 class ScriptRunner;
 class ServicesMenu;
@@ -68,6 +71,9 @@ struct Ports {
     DistributedNotifications& distributedNotifications;
     HttpClient& http;
     CrashCapture& crashCapture;
+    Accessibility& accessibility;
+    ScreenCapture& screenCapture;
+    PointerEvents& pointer;
 };
 
 } // namespace skipnest::platform

@@ -5,7 +5,9 @@
 #include "platform/Scheduler.h"
 
 #include <QString>
+#include <QStringList>
 
+#include <cstdint>
 #include <variant>
 
 namespace skipnest::platform {
@@ -19,11 +21,33 @@ struct CycleWindows {
     CycleDirection direction = CycleDirection::next;
 };
 
+// The tabs of every window of a browser: one line a tab, ending in ASCII 10, of five fields parted
+// by ASCII 1: window number and tab number, both from 1, title, "1" for the selected tab of its
+// window else "0", address.
+struct EnumerateTabs {
+    QString bundleIdentifier;
+};
+// Selects the tab at this place and brings its window to the front.
+struct ActivateTab {
+    QString bundleIdentifier;
+    std::int64_t windowIndex = 0;
+    std::int64_t tabIndex = 0;
+};
+// The same for the tab with this address, else this title, looked for first at this place. Answers
+// "1" where it was found, else "0".
+struct RelocateTab {
+    QString bundleIdentifier;
+    std::int64_t windowIndex = 0;
+    std::int64_t tabIndex = 0;
+    QString url;
+    QString title;
+};
+
 // A script text together with what it means: macOS runs the text, other systems carry out the
 // meaning and answer with the same result text or error number.
 struct ScriptRequest {
     QString source;
-    std::variant<CycleWindows> meaning;
+    std::variant<CycleWindows, EnumerateTabs, ActivateTab, RelocateTab> meaning;
 };
 
 struct ScriptText {
@@ -41,6 +65,10 @@ public:
     virtual ~ScriptRunner() = default;
 
     [[nodiscard]] virtual Availability availability() const = 0;
+
+    // Browsers whose tabs can be asked for here beyond those of every system, by identifier; they
+    // are asked by meaning, their script texts are never run.
+    [[nodiscard]] virtual QStringList furtherBrowsers() const { return {}; }
 
     // Waits at most `budget` for the answer. A late answer is dropped.
     [[nodiscard]] virtual ScriptAnswer run(const ScriptRequest& request, Duration budget) = 0;

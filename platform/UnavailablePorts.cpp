@@ -47,6 +47,25 @@ Observation UnavailableNotifications::observe(const QString&, Received) {
     return {};
 }
 
+ScreenCaptureRun UnavailableScreenCapture::listWindows(Listed listed) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([listed = std::move(listed), wanted, why = failure(why_)] {
+        if (*wanted)
+            listed(why);
+    });
+    return ScreenCaptureRun([wanted] { *wanted = false; });
+}
+
+ScreenCaptureRun UnavailableScreenCapture::capture(const CapturableWindow&, const QSize&,
+                                                   Captured captured) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([captured = std::move(captured), wanted] {
+        if (*wanted)
+            captured(nullptr);
+    });
+    return ScreenCaptureRun([wanted] { *wanted = false; });
+}
+
 HttpExchange UnavailableHttpClient::send(const HttpRequest&, Completion completion) {
     auto wanted = std::make_shared<bool>(true);
     scheduler_.post([completion = std::move(completion), wanted, why = failure(why_)] {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
@@ -10,8 +11,10 @@
 #include "platform/KeyboardCapture.h"
 #include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
+#include "platform/PointerEvents.h"
 #include "platform/ProcessLauncher.h"
 #include "platform/Scheduler.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Screens.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
@@ -95,6 +98,9 @@ public:
     void showPopover(const PopoverRoute&, const QRect&) override {}
     void hidePopover() override {}
     [[nodiscard]] Observation observePopoverHidden(std::function<void()>) override { return {}; }
+    void createSwitcherBar() override {}
+    void showSwitcherBar(const QRect&) override {}
+    void hideSwitcherBar() override {}
     [[nodiscard]] bool isOnboardingShown() const override { return false; }
     void showOnboarding() override {}
     void closeOnboarding() override {}
@@ -139,6 +145,53 @@ public:
 
 private:
     Availability why_;
+};
+
+class UnavailableAccessibility final : public Accessibility {
+public:
+    explicit UnavailableAccessibility(Availability why) : why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    // Nobody can grant what the system does not have: asking would lead nowhere.
+    [[nodiscard]] bool isTrusted() const override { return true; }
+    void promptForTrust() override {}
+    [[nodiscard]] AccessibilityElement application(ProcessIdentifier) override { return {}; }
+    [[nodiscard]] std::optional<AccessibilityValue> attribute(const AccessibilityElement&,
+                                                              const QString&) override {
+        return std::nullopt;
+    }
+    int setAttribute(const AccessibilityElement&, const QString&,
+                     const AccessibilityValue&) override {
+        return AccessibilityStatus::apiDisabled;
+    }
+    int performAction(const AccessibilityElement&, const QString&) override {
+        return AccessibilityStatus::apiDisabled;
+    }
+
+private:
+    Availability why_;
+};
+
+class UnavailableScreenCapture final : public ScreenCapture {
+public:
+    UnavailableScreenCapture(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] bool isGranted() const override { return true; }
+    void requestAccess() override {}
+    void setEnabled(bool) override {}
+    [[nodiscard]] ScreenCaptureRun listWindows(Listed listed) override;
+    [[nodiscard]] ScreenCaptureRun capture(const CapturableWindow& window, const QSize& size,
+                                           Captured captured) override;
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+// Nobody clicks.
+class UnavailablePointerEvents final : public PointerEvents {
+public:
+    [[nodiscard]] Observation observeClicksOutside(std::function<void()>) override { return {}; }
 };
 
 class UnavailableHttpClient final : public HttpClient {

@@ -97,6 +97,12 @@ platform::Observation QuickPanels::observePopoverHidden(std::function<void()> hi
     return hidden_.add(std::move(hidden));
 }
 
+void QuickPanels::createSwitcherBar() {}
+
+void QuickPanels::showSwitcherBar(const QRect&) {}
+
+void QuickPanels::hideSwitcherBar() {}
+
 bool QuickPanels::isOnboardingShown() const {
     return onboarding_ != nullptr && onboarding_->isVisible();
 }

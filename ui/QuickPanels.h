@@ -38,6 +38,9 @@ public:
     void showPopover(const platform::PopoverRoute& route, const QRect& frame) override;
     void hidePopover() override;
     [[nodiscard]] platform::Observation observePopoverHidden(std::function<void()> hidden) override;
+    void createSwitcherBar() override;
+    void showSwitcherBar(const QRect& available) override;
+    void hideSwitcherBar() override;
     [[nodiscard]] bool isOnboardingShown() const override;
     void showOnboarding() override;
     void closeOnboarding() override;

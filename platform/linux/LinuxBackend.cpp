@@ -7,6 +7,7 @@
 #include "platform/QtHttpClient.h"
 #include "platform/QtScheduler.h"
 #include "platform/SystemWallClock.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/HeadlessPorts.h"
@@ -56,7 +57,7 @@ struct Services {
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
                        baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
-          http(scheduler, executor, app.version) {}
+          http(scheduler, executor, app.version), accessibility({}), screenCapture(scheduler, {}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -73,6 +74,9 @@ struct Services {
     DBusNotifications distributedNotifications;
     platform::QtHttpClient http;
     std::unique_ptr<platform::CrashCapture> crashCapture = makeCrashCapture();
+    platform::UnavailableAccessibility accessibility;
+    platform::UnavailableScreenCapture screenCapture;
+    platform::UnavailablePointerEvents pointer;
 };
 
 // What a session with or without X has on the screen and in its settings. `display` and `keymap`
@@ -153,7 +157,10 @@ private:
                  services_->processes,
                  services_->distributedNotifications,
                  services_->http,
-                 *services_->crashCapture} {}
+                 *services_->crashCapture,
+                 services_->accessibility,
+                 services_->screenCapture,
+                 services_->pointer} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -207,7 +214,10 @@ public:
                  services_.processes,
                  services_.distributedNotifications,
                  services_.http,
-                 *services_.crashCapture} {}
+                 *services_.crashCapture,
+                 services_.accessibility,
+                 services_.screenCapture,
+                 services_.pointer} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {

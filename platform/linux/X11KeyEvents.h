@@ -21,6 +21,10 @@ public:
     [[nodiscard]] platform::Availability availability() const override;
     [[nodiscard]] platform::Result<platform::KeyTap>
     listen(platform::KeyEventListener& listener) override;
+    [[nodiscard]] platform::Result<platform::KeyTap> intercept(platform::KeyInterceptor&) override {
+        return platform::Failure{platform::Failure::Kind::unavailable,
+                                 QStringLiteral("Keys cannot be taken over.")};
+    }
     [[nodiscard]] platform::EventFlags modifiersDown() const override;
     // Gives up a keyboard grab of this program's own, which would otherwise get the keys itself: a
     // hotkey's lasts as long as its key is down. Modifiers that a person holds are released for the

@@ -28,8 +28,10 @@ platform::Availability X11ScriptRunner::availability() const {
 }
 
 ScriptAnswer X11ScriptRunner::run(const platform::ScriptRequest& request, platform::Duration) {
-    return std::visit([this](const platform::CycleWindows& meaning) { return cycle(meaning); },
-                      request.meaning);
+    if (const auto* meaning = std::get_if<platform::CycleWindows>(&request.meaning))
+        return cycle(*meaning);
+    return platform::ScriptError{-1743,
+                                 QStringLiteral("No extension of this browser is connected.")};
 }
 
 ScriptAnswer X11ScriptRunner::cycle(const platform::CycleWindows& request) {

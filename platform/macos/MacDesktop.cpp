@@ -45,7 +45,9 @@ MacDesktop::MacDesktop(SystemBridges bridges)
       processes_(notWritten(QStringLiteral("Moving the program"))),
       distributedNotifications_(notWritten(QStringLiteral("Debug hooks"))),
       http_(scheduler_, notWritten(QStringLiteral("The web service"))),
-      crashCapture_(notWritten(QStringLiteral("Recording a crash"))) {
+      crashCapture_(notWritten(QStringLiteral("Recording a crash"))),
+      accessibility_(notWritten(QStringLiteral("Reading other programs' windows"))),
+      screenCapture_(scheduler_, notWritten(QStringLiteral("Taking pictures of windows"))) {
     bridges_.workspace->observeTerminations([this] { hotkeys_.otherProgramEnded(); });
 }
 
@@ -79,7 +81,10 @@ platform::Ports MacDesktop::ports() {
             .processes = processes_,
             .distributedNotifications = distributedNotifications_,
             .http = http_,
-            .crashCapture = crashCapture_};
+            .crashCapture = crashCapture_,
+            .accessibility = accessibility_,
+            .screenCapture = screenCapture_,
+            .pointer = pointer_};
 }
 
 } // namespace skipnest::macos

@@ -64,6 +64,9 @@ private:
     platform::UnavailableNotifications distributedNotifications_;
     platform::UnavailableHttpClient http_;
     platform::UnavailableCrashCapture crashCapture_;
+    platform::UnavailableAccessibility accessibility_;
+    platform::UnavailableScreenCapture screenCapture_;
+    platform::UnavailablePointerEvents pointer_;
 };
 
 } // namespace skipnest::macos

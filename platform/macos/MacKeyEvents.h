@@ -19,6 +19,10 @@ public:
     [[nodiscard]] platform::Availability availability() const override;
     [[nodiscard]] platform::Result<platform::KeyTap>
     listen(platform::KeyEventListener& listener) override;
+    [[nodiscard]] platform::Result<platform::KeyTap> intercept(platform::KeyInterceptor&) override {
+        return platform::Failure{platform::Failure::Kind::unavailable,
+                                 QStringLiteral("Keys cannot be taken over.")};
+    }
     [[nodiscard]] platform::EventFlags modifiersDown() const override;
     platform::Outcome post(const platform::KeyStroke& stroke) override;
 

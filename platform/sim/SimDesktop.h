@@ -3,6 +3,7 @@
 
 #include "platform/Backend.h"
 #include "platform/JsonDefaults.h"
+#include "platform/UnavailablePorts.h"
 #include "platform/UsKeyboardLayout.h"
 #include "platform/sim/Journal.h"
 #include "platform/sim/MemoryFiles.h"
@@ -165,6 +166,9 @@ private:
     SimDistributedNotifications distributedNotifications_;
     SimHttp http_;
     SimCrashCapture crashCapture_;
+    platform::UnavailableAccessibility accessibility_;
+    platform::UnavailableScreenCapture screenCapture_;
+    platform::UnavailablePointerEvents pointer_;
     platform::Ports ports_;
     Trust trust_;
     Locale locale_;

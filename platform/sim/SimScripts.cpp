@@ -19,6 +19,8 @@ void SimScripts::setAnswer(const QString& receiver, const ScriptAnswer& answer) 
 }
 
 ScriptAnswer SimScripts::run(const platform::ScriptRequest& request, platform::Duration budget) {
+    if (!std::holds_alternative<platform::CycleWindows>(request.meaning))
+        return ScriptError{notRunning, u"Application isn’t running."_s};
     const auto& cycle = std::get<platform::CycleWindows>(request.meaning);
     journal_.call(u"script"_s, {{u"to"_s, cycle.bundleIdentifier}, {u"source"_s, request.source}});
     const auto told = answers_.find(cycle.bundleIdentifier);

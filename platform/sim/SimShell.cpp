@@ -83,6 +83,23 @@ void SimPanels::noteHidden() {
     hidden_.notify();
 }
 
+void SimPanels::createSwitcherBar() {
+    if (host_ != nullptr)
+        host_->createSwitcherBar();
+}
+
+void SimPanels::showSwitcherBar(const QRect& available) {
+    isSwitcherShown_ = true;
+    if (host_ != nullptr)
+        host_->showSwitcherBar(available);
+}
+
+void SimPanels::hideSwitcherBar() {
+    isSwitcherShown_ = false;
+    if (host_ != nullptr)
+        host_->hideSwitcherBar();
+}
+
 void SimPanels::showOnboarding() {
     onboarding_ = true;
     if (host_ != nullptr)

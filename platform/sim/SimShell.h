@@ -58,6 +58,7 @@ public:
     [[nodiscard]] bool isPopoverCreated() const { return created_; }
     [[nodiscard]] const platform::PopoverRoute& route() const { return route_; }
     [[nodiscard]] QRect popoverFrame() const { return frame_; }
+    [[nodiscard]] bool isSwitcherShown() const { return isSwitcherShown_; }
 
     void createPopover() override;
     [[nodiscard]] QSize popoverSize() const override { return {440, 620}; }
@@ -68,6 +69,9 @@ public:
     observePopoverHidden(std::function<void()> hidden) override {
         return hidden_.add(std::move(hidden));
     }
+    void createSwitcherBar() override;
+    void showSwitcherBar(const QRect& available) override;
+    void hideSwitcherBar() override;
     [[nodiscard]] bool isOnboardingShown() const override { return onboarding_; }
     void showOnboarding() override;
     void closeOnboarding() override;
@@ -81,6 +85,7 @@ private:
     bool created_ = false;
     bool shown_ = false;
     bool onboarding_ = false;
+    bool isSwitcherShown_ = false;
     platform::PopoverRoute route_;
     QRect frame_;
     platform::Observers<> hidden_;
