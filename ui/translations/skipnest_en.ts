@@ -2,6 +2,86 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Statistics</name>
+    <message numerus="yes">
+        <source>%n-day streak 🔥</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>jumps this week</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln jumps this week</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days, keep it alive today</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ChallengeRows</name>
+    <message numerus="yes">
+        <source>%n jumps, %1, %2</source>
+        <extracomment>%1 and %2 are the texts for minutes and for days in a row.</extracomment>
+        <translation>
+            <numerusform>%n jump, %1, %2</numerusform>
+            <numerusform>%n jumps, %1, %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minutes saved</source>
+        <translation>
+            <numerusform>%n minute saved</numerusform>
+            <numerusform>%n minutes saved</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days in a row</source>
+        <translation>
+            <numerusform>%n day in a row</numerusform>
+            <numerusform>%n days in a row</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ChallengeScreenModel</name>
+    <message numerus="yes">
+        <source>A name is 1 to %n characters that can be seen.</source>
+        <translation>
+            <numerusform>A name is %n character that can be seen.</numerusform>
+            <numerusform>A name is 1 to %n characters that can be seen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n places up this week</source>
+        <translation>
+            <numerusform>%n place up this week</numerusform>
+            <numerusform>%n places up this week</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n places down this week</source>
+        <translation>
+            <numerusform>%n place down this week</numerusform>
+            <numerusform>%n places down this week</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>skipnest::ui::ExportModel</name>
     <message numerus="yes">
         <source>%n shortcuts and all settings</source>
@@ -87,6 +167,75 @@
         <translation>
             <numerusform>%n of %1 keys is not bound</numerusform>
             <numerusform>%n of %1 keys are not bound</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::StatisticsCardModel</name>
+    <message numerus="yes">
+        <source>days, keep it alive today</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>days in a row</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln jumps in all</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln by key</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln from the window switcher</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln by voice</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln places up this week</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln places down this week</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::WeekBars</name>
+    <message numerus="yes">
+        <source>%Ln jumps</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
         </translation>
     </message>
 </context>
