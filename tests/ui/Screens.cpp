@@ -298,7 +298,7 @@ QQuickView& crash(Stage& stage) {
         stage.desk().appInfo().supportFolder + u"/pending-crash.json"_s,
         R"({"type":"signal","name":"SIGSEGV","stack":"skipnest+0x2f1c80\nskipnest+0x2f0b14\n)"
         R"(libQt6Core.so.6.4.2+0x1a2f40\nlibQt6Core.so.6.4.2+0x1a3370\nlibc.so.6+0x2724a\n)"
-        R"(skipnest+0x11e75\n"})");
+        R"(skipnest+0x11e75"})");
     stage.list().changeSettings([](auto& settings) { settings.crashReports = true; });
     list(stage);
     return stage.popover();

@@ -17,10 +17,8 @@ using platform::ModifierStyle;
 
 namespace {
 
-constexpr auto context = "Moments";
-
 QString text(const char* source) {
-    return QCoreApplication::translate(context, source);
+    return QCoreApplication::translate("Moments", source);
 }
 
 struct Fixed {
@@ -85,7 +83,7 @@ QString withKeys(QString text, ModifierFlags hideKey, ModifierStyle style) {
     text.replace(u'⌃', key(ModifierFlags::control));
     text.replace(u'⌘', key(ModifierFlags::command));
     if (style == ModifierStyle::names)
-        text.replace(u'⌫', QCoreApplication::translate(context, "Backspace"));
+        text.replace(u'⌫', QCoreApplication::translate("Moments", "Backspace"));
     return text;
 }
 
@@ -105,8 +103,8 @@ Moment wordedMilestone(const stats::Milestone& milestone,
         moment.text = text(QT_TRANSLATE_NOOP("Moments", "That's %1 of hunting you never did."))
                           .arg(stats::timeSavedText(*jumps));
     } else if (const auto hours = numberIn(milestone.id, u'h')) {
-        moment.title =
-            QCoreApplication::translate(context, "%n hours saved! 🎉", nullptr, pluralCount(*hours));
+        moment.title = QCoreApplication::translate("Moments", "%n hours saved! 🎉", nullptr,
+                                                   pluralCount(*hours));
         moment.text =
             text(QT_TRANSLATE_NOOP("Moments", "Reclaimed from window hunting - and counting."));
     }

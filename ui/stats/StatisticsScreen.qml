@@ -13,7 +13,19 @@ ScreenPage {
     title: qsTr("Your jumps")
     onBack: root.popover.back()
 
+    Connections {
+        target: root.statistics
+
+        // Below what was pressed, and maybe below the window's end.
+        function onShareChanged() {
+            if (root.visible)
+                Qt.callLater(() => page.reveal(share));
+        }
+    }
+
     ScrollPage {
+        id: page
+
         anchors.fill: parent
 
         Card {
@@ -192,6 +204,8 @@ ScreenPage {
         }
 
         ShareCard {
+            id: share
+
             width: parent.width
             visible: root.statistics.hasJumps
             statistics: root.statistics

@@ -28,27 +28,27 @@
     <name>AppDelegate</name>
     <message>
         <source>Skipnest update available</source>
-        <translation type="unfinished">Update für Skipnest verfügbar</translation>
+        <translation>Neue Version von Skipnest verfügbar</translation>
     </message>
     <message>
         <source>Skipnest is up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>Skipnest ist auf dem neuesten Stand</translation>
     </message>
     <message>
         <source>The check for updates failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Suche nach einer neuen Version ist fehlgeschlagen</translation>
     </message>
     <message>
         <source>%1 is the newest version.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist die neueste Version.</translation>
     </message>
     <message>
         <source>Check your connection and try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfe die Verbindung und versuche es noch einmal.</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished">OK</translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -1246,27 +1246,27 @@
     <name>CrashScreen</name>
     <message>
         <source>Crash report</source>
-        <translation type="unfinished"></translation>
+        <translation>Absturzbericht</translation>
     </message>
     <message>
         <source>Skipnest quit unexpectedly last time. This report would help to mend it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Skipnest wurde zuletzt unerwartet beendet. Dieser Bericht würde helfen, den Fehler zu beheben.</translation>
     </message>
     <message>
         <source>Exactly this would be sent:</source>
-        <translation type="unfinished"></translation>
+        <translation>Genau das würde gesendet:</translation>
     </message>
     <message>
         <source>No file names, no texts and no keys of yours. Once you have sent one, later reports go without asking; the settings turn them off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Dateinamen, keine Texte und keine Tasten von dir. Nach dem ersten Bericht gehen weitere ohne Rückfrage ab; in den Einstellungen lässt sich das ausschalten.</translation>
     </message>
     <message>
         <source>Don&apos;t send</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht senden</translation>
     </message>
     <message>
         <source>Send</source>
-        <translation type="unfinished">Senden</translation>
+        <translation>Senden</translation>
     </message>
 </context>
 <context>
@@ -1301,11 +1301,11 @@
     </message>
     <message>
         <source>Send anonymous usage counts</source>
-        <translation type="unfinished"></translation>
+        <translation>Anonyme Nutzungszahlen senden</translation>
     </message>
     <message>
         <source>Only if you like: the version, a random number for this installation and how far the first steps got. Never names or texts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur wenn du magst: die Version, eine Zufallszahl für diese Installation und wie weit die ersten Schritte kamen. Nie Namen oder Texte.</translation>
     </message>
 </context>
 <context>
@@ -1453,7 +1453,7 @@
     </message>
     <message>
         <source>This build can&apos;t send feedback. Copy the text and send it the way you like.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Fassung kann keine Rückmeldung senden. Kopiere den Text und schicke ihn, wie du möchtest.</translation>
     </message>
 </context>
 <context>
@@ -1703,114 +1703,125 @@
     <name>MomentLine</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>Moments</name>
     <message>
         <source>Your first jump! 🎉</source>
-        <translation type="unfinished"></translation>
+        <translation>Dein erster Sprung! 🎉</translation>
     </message>
     <message>
         <source>One key, and you were there. That&apos;s the whole magic.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Taste, und du warst da. Das ist der ganze Zauber.</translation>
     </message>
     <message>
         <source>You&apos;re on the world board! 🌍</source>
-        <translation type="unfinished"></translation>
+        <translation>Du stehst auf der Weltrangliste! 🌍</translation>
     </message>
     <message>
         <source>The Global Jump Challenge counts your jumps now - rank #%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Global Jump Challenge zählt jetzt deine Sprünge - Platz %1</translation>
     </message>
     <message>
         <source>Top 100 worldwide! 🌍</source>
-        <translation type="unfinished"></translation>
+        <translation>Top 100 weltweit! 🌍</translation>
     </message>
     <message>
         <source>Rank #%1 of %2 challengers.</source>
-        <translation type="unfinished"></translation>
+        <translation>Platz %1 unter %2 Teilnehmern.</translation>
     </message>
     <message>
         <source>Top 10 in the world! 🏆</source>
-        <translation type="unfinished"></translation>
+        <translation>Top 10 der Welt! 🏆</translation>
     </message>
     <message>
         <source>Rank #%1 of %2 - elite jumper.</source>
-        <translation type="unfinished"></translation>
+        <translation>Platz %1 von %2 - Spitzenklasse.</translation>
     </message>
     <message>
         <source>You&apos;re on the podium! 🏅</source>
-        <translation type="unfinished"></translation>
+        <translation>Du stehst auf dem Treppchen! 🏅</translation>
     </message>
     <message>
         <source>Rank #%1 worldwide.</source>
-        <translation type="unfinished"></translation>
+        <translation>Platz %1 weltweit.</translation>
     </message>
     <message>
         <source>#1 in the world! 🥇</source>
-        <translation type="unfinished"></translation>
+        <translation>Platz 1 der Welt! 🥇</translation>
     </message>
     <message>
         <source>Nobody on the planet jumps more. Respect.</source>
-        <translation type="unfinished"></translation>
+        <translation>Niemand auf der Welt springt mehr. Respekt.</translation>
     </message>
     <message>
         <source>And away again</source>
-        <translation type="unfinished"></translation>
+        <translation>Und wieder weg</translation>
     </message>
     <message>
         <source>Add ⇧ to any jump key and the window tucks away again. In, out, one hand.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit ⇧ zu einer Sprungtaste verschwindet das Fenster wieder. Hin, weg, mit einer Hand.</translation>
     </message>
     <message>
         <source>A key in two taps</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit zweimal Tippen eine Taste</translation>
     </message>
     <message>
         <source>Double-tap ⌃ while any app is in front, then press a letter - saved. Same double-tap, then ⌫, removes it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippe zweimal ⌃, während ein Programm vorn ist, dann einen Buchstaben - gespeichert. Wieder zweimal, dann ⌫, entfernt es.</translation>
     </message>
     <message>
         <source>Drop it in</source>
-        <translation type="unfinished"></translation>
+        <translation>Einfach ablegen</translation>
     </message>
     <message>
         <source>Drop any file or folder onto the menu-bar icon to give it a key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lege eine Datei oder einen Ordner auf dem Symbol in der Leiste ab, um eine Taste dafür zu vergeben.</translation>
     </message>
     <message>
         <source>Say where to</source>
-        <translation type="unfinished"></translation>
+        <translation>Sag, wohin</translation>
     </message>
     <message>
         <source>Double-tap ⌘ and speak - &quot;Downloads&quot;, &quot;Slack&quot;, anywhere you want to go.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippe zweimal ⌘ und sprich - „Downloads“, „Slack“, wohin du willst.</translation>
     </message>
     <message>
         <source>%1 jumps! 🎉</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Sprünge! 🎉</translation>
     </message>
     <message>
         <source>That&apos;s %1 of hunting you never did.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das sind %1 Suchen, die du dir gespart hast.</translation>
     </message>
     <message>
         <source>Reclaimed from window hunting - and counting.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Fenstersuche abgewonnen - und es werden mehr.</translation>
     </message>
     <message>
         <source>%1. Nice week.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Gute Woche.</translation>
     </message>
     <message>
         <source>%1 jumps this week ⚡</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Sprünge diese Woche ⚡</translation>
     </message>
     <message>
         <source>Good to know</source>
-        <translation type="unfinished"></translation>
+        <translation>Gut zu wissen</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours saved! 🎉</source>
+        <translation>
+            <numerusform>%n Stunde gespart! 🎉</numerusform>
+            <numerusform>%n Stunden gespart! 🎉</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2204,23 +2215,23 @@
     </message>
     <message>
         <source>Less motion</source>
-        <translation type="unfinished"></translation>
+        <translation>Weniger Bewegung</translation>
     </message>
     <message>
         <source>Nothing slides or fades; it is there at once.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts gleitet oder blendet ein; es ist gleich da.</translation>
     </message>
     <message>
         <source>After a crash the place in the program is sent, and nothing of yours. You see the first report before it goes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach einem Absturz wird die Stelle im Programm gesendet, und nichts von dir. Den ersten Bericht siehst du vorher.</translation>
     </message>
     <message>
         <source>Send anonymous usage counts</source>
-        <translation type="unfinished"></translation>
+        <translation>Anonyme Nutzungszahlen senden</translation>
     </message>
     <message>
         <source>Version, a random number for this installation, your language, how far the first steps got, and whether a spoken jump hit. Never names or texts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Version, eine Zufallszahl für diese Installation, deine Sprache, wie weit die ersten Schritte kamen und ob ein gesprochener Sprung traf. Nie Namen oder Texte.</translation>
     </message>
 </context>
 <context>
@@ -2255,42 +2266,42 @@
     </message>
     <message>
         <source>🌍 Global Jump Challenge</source>
-        <translation type="unfinished">🌍 Globale Sprung-Challenge</translation>
+        <translation>🌍 Global Jump Challenge</translation>
     </message>
     <message>
         <source>Put your jumps on the world leaderboard - anonymous, just a name and a flag.</source>
-        <translation type="unfinished">Die eigenen Sprünge auf der Weltrangliste – anonym, nur ein Name und eine Flagge.</translation>
+        <translation>Bring deine Sprünge auf die Weltrangliste - anonym, nur ein Name und eine Flagge.</translation>
     </message>
     <message>
         <source>Sends only: name, flag, jumps, minutes, streak.</source>
-        <translation type="unfinished">Gesendet werden nur: Name, Flagge, Sprünge, Minuten, Serie.</translation>
+        <translation>Sendet nur: Name, Flagge, Sprünge, Minuten, Serie.</translation>
     </message>
     <message>
         <source>Open the challenge</source>
-        <translation type="unfinished"></translation>
+        <translation>Challenge öffnen</translation>
     </message>
 </context>
 <context>
     <name>ShareCard</name>
     <message>
         <source>Share</source>
-        <translation type="unfinished"></translation>
+        <translation>Teilen</translation>
     </message>
     <message>
         <source>A picture of this week&apos;s figures. It is made here, and no name of yours is on it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild mit den Zahlen dieser Woche. Es entsteht hier, und kein Name von dir steht darauf.</translation>
     </message>
     <message>
         <source>Save picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild speichern</translation>
     </message>
     <message>
         <source>Copy picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild kopieren</translation>
     </message>
     <message>
         <source>Copy link</source>
-        <translation type="unfinished"></translation>
+        <translation>Link kopieren</translation>
     </message>
 </context>
 <context>
@@ -2351,74 +2362,74 @@
     <name>Statistics</name>
     <message numerus="yes">
         <source>%n-day streak 🔥</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Tag in Serie 🔥</numerusform>
+            <numerusform>%n Tage in Serie 🔥</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>jumps this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Sprung diese Woche</numerusform>
+            <numerusform>Sprünge diese Woche</numerusform>
         </translation>
     </message>
     <message>
         <source>d MMMM yyyy</source>
         <comment>a day as QDate formats it</comment>
-        <translation type="unfinished"></translation>
+        <translation>d. MMMM yyyy</translation>
     </message>
     <message numerus="yes">
         <source>%Ln jumps this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Sprung diese Woche</numerusform>
+            <numerusform>%Ln Sprünge diese Woche</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n days, keep it alive today</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Tag, heute weiter so</numerusform>
+            <numerusform>%n Tage, heute weiter so</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 saved</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gespart</translation>
     </message>
 </context>
 <context>
     <name>StatisticsCard</name>
     <message>
         <source>Shows your jumps</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt deine Sprünge</translation>
     </message>
 </context>
 <context>
     <name>StatisticsScreen</name>
     <message>
         <source>Your jumps</source>
-        <translation type="unfinished"></translation>
+        <translation>Deine Sprünge</translation>
     </message>
     <message>
         <source>saved this week</source>
-        <translation type="unfinished"></translation>
+        <translation>gespart diese Woche</translation>
     </message>
     <message>
         <source>Week by week</source>
-        <translation type="unfinished"></translation>
+        <translation>Woche für Woche</translation>
     </message>
     <message>
         <source>Show the board</source>
-        <translation type="unfinished"></translation>
+        <translation>Zur Rangliste</translation>
     </message>
     <message>
         <source>Take a look</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansehen</translation>
     </message>
     <message>
         <source>Most used</source>
-        <translation type="unfinished"></translation>
+        <translation>Am häufigsten</translation>
     </message>
 </context>
 <context>
@@ -2552,7 +2563,7 @@
     <name>WeekChart</name>
     <message>
         <source>Jumps of the last weeks</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprünge der letzten Wochen</translation>
     </message>
 </context>
 <context>
@@ -3069,11 +3080,11 @@
     </message>
     <message>
         <source>Skipnest quit unexpectedly last time</source>
-        <translation type="unfinished"></translation>
+        <translation>Skipnest wurde zuletzt unerwartet beendet</translation>
     </message>
     <message>
         <source>Show the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht ansehen</translation>
     </message>
 </context>
 <context>
@@ -3094,11 +3105,11 @@
     <name>skipnest::ui::SettingRows</name>
     <message>
         <source>Arrives with a later version; your choice is kept.</source>
-        <translation type="unfinished">Kommt mit einer späteren Version; die Wahl bleibt erhalten.</translation>
+        <translation>Kommt mit einer späteren Version; deine Wahl bleibt erhalten.</translation>
     </message>
     <message>
         <source>This build has no web service: nothing of this is ever sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Fassung hat keinen Webdienst: nichts davon wird je gesendet.</translation>
     </message>
 </context>
 <context>
@@ -3113,7 +3124,7 @@
     </message>
     <message>
         <source>Global Jump Challenge leaderboard name flag</source>
-        <translation type="unfinished"></translation>
+        <translation>Global Jump Challenge Weltrangliste Name Flagge</translation>
     </message>
 </context>
 <context>
@@ -3186,111 +3197,111 @@
     <name>skipnest::ui::StatisticsCardModel</name>
     <message>
         <source>Your jumps are counted here</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier werden deine Sprünge gezählt</translation>
     </message>
     <message>
         <source>Press one of your keys to begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drück eine deiner Tasten, und es geht los.</translation>
     </message>
     <message numerus="yes">
         <source>days, keep it alive today</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Tag, heute weiter so</numerusform>
+            <numerusform>Tage, heute weiter so</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>days in a row</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Tag in Folge</numerusform>
+            <numerusform>Tage in Folge</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln jumps in all</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Sprung insgesamt</numerusform>
+            <numerusform>%Ln Sprünge insgesamt</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln by key</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln per Taste</numerusform>
+            <numerusform>%Ln per Taste</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln from the window switcher</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln aus dem Fensterwechsler</numerusform>
+            <numerusform>%Ln aus dem Fensterwechsler</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln by voice</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln per Stimme</numerusform>
+            <numerusform>%Ln per Stimme</numerusform>
         </translation>
     </message>
     <message>
         <source>since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>seit dem %1</translation>
     </message>
     <message>
         <source>🌍 Global Jump Challenge</source>
-        <translation type="unfinished">🌍 Globale Sprung-Challenge</translation>
+        <translation>🌍 Global Jump Challenge</translation>
     </message>
     <message>
         <source>🌍 #%1 of %2 in the world</source>
-        <translation type="unfinished"></translation>
+        <translation>🌍 Platz %1 von %2 weltweit</translation>
     </message>
     <message>
         <source>Put your jumps on the world leaderboard - anonymous, just a name and a flag.</source>
-        <translation type="unfinished">Die eigenen Sprünge auf der Weltrangliste – anonym, nur ein Name und eine Flagge.</translation>
+        <translation>Bring deine Sprünge auf die Weltrangliste - anonym, nur ein Name und eine Flagge.</translation>
     </message>
     <message>
         <source>Your rank comes with the next answer of the board.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dein Platz kommt mit der nächsten Antwort der Rangliste.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln places up this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Platz gewonnen diese Woche</numerusform>
+            <numerusform>%Ln Plätze gewonnen diese Woche</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln places down this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Platz verloren diese Woche</numerusform>
+            <numerusform>%Ln Plätze verloren diese Woche</numerusform>
         </translation>
     </message>
     <message>
         <source>Where you were at the start of the week</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo du zu Beginn der Woche warst</translation>
     </message>
     <message>
         <source>The picture couldn&apos;t be drawn.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild konnte nicht gezeichnet werden.</translation>
     </message>
     <message>
         <source>Saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert unter %1</translation>
     </message>
     <message>
         <source>The picture couldn&apos;t be saved: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
     </message>
     <message>
         <source>The picture is on the clipboard.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild liegt in der Zwischenablage.</translation>
     </message>
     <message>
         <source>The link is on the clipboard.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Link liegt in der Zwischenablage.</translation>
     </message>
 </context>
 <context>
@@ -3325,26 +3336,26 @@
     <message>
         <source>d MMM</source>
         <comment>a day as QDate formats it</comment>
-        <translation type="unfinished"></translation>
+        <translation>d. MMM</translation>
     </message>
     <message numerus="yes">
         <source>%Ln jumps</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Sprung</numerusform>
+            <numerusform>%Ln Sprünge</numerusform>
         </translation>
     </message>
     <message>
         <source>today</source>
-        <translation type="unfinished"></translation>
+        <translation>heute</translation>
     </message>
     <message>
         <source>%1 in the seven days to today</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 in den sieben Tagen bis heute</translation>
     </message>
     <message>
         <source>%1 in the seven days to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 in den sieben Tagen bis %2</translation>
     </message>
 </context>
 </TS>

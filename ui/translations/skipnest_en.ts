@@ -2,33 +2,43 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Moments</name>
+    <message numerus="yes">
+        <source>%n hours saved! 🎉</source>
+        <translation>
+            <numerusform>%n hour saved! 🎉</numerusform>
+            <numerusform>%n hours saved! 🎉</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Statistics</name>
     <message numerus="yes">
         <source>%n-day streak 🔥</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n-day streak 🔥</numerusform>
+            <numerusform>%n-day streak 🔥</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>jumps this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>jump this week</numerusform>
+            <numerusform>jumps this week</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln jumps this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln jump this week</numerusform>
+            <numerusform>%Ln jumps this week</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n days, keep it alive today</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n day, keep it alive today</numerusform>
+            <numerusform>%n days, keep it alive today</numerusform>
         </translation>
     </message>
 </context>
@@ -174,58 +184,58 @@
     <name>skipnest::ui::StatisticsCardModel</name>
     <message numerus="yes">
         <source>days, keep it alive today</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>day, keep it alive today</numerusform>
+            <numerusform>days, keep it alive today</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>days in a row</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>day in a row</numerusform>
+            <numerusform>days in a row</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln jumps in all</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln jump in all</numerusform>
+            <numerusform>%Ln jumps in all</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln by key</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln by key</numerusform>
+            <numerusform>%Ln by key</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln from the window switcher</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln from the window switcher</numerusform>
+            <numerusform>%Ln from the window switcher</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln by voice</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln by voice</numerusform>
+            <numerusform>%Ln by voice</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln places up this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln place up this week</numerusform>
+            <numerusform>%Ln places up this week</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln places down this week</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln place down this week</numerusform>
+            <numerusform>%Ln places down this week</numerusform>
         </translation>
     </message>
 </context>
@@ -233,9 +243,9 @@
     <name>skipnest::ui::WeekBars</name>
     <message numerus="yes">
         <source>%Ln jumps</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln jump</numerusform>
+            <numerusform>%Ln jumps</numerusform>
         </translation>
     </message>
 </context>
