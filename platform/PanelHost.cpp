@@ -17,6 +17,12 @@ QString screenName(PopoverScreen screen) {
         return QStringLiteral("settings");
     case PopoverScreen::feedback:
         return QStringLiteral("feedback");
+    case PopoverScreen::statistics:
+        return QStringLiteral("statistics");
+    case PopoverScreen::challenge:
+        return QStringLiteral("challenge");
+    case PopoverScreen::crash:
+        return QStringLiteral("crash");
     }
     Q_UNREACHABLE();
 }

@@ -11,7 +11,17 @@
 
 namespace skipnest::platform {
 
-enum class PopoverScreen { list, add, importing, exporting, settings, feedback };
+enum class PopoverScreen {
+    list,
+    add,
+    importing,
+    exporting,
+    settings,
+    feedback,
+    statistics,
+    challenge,
+    crash,
+};
 
 // What the popover shows. `targetPath` only for `add`: the target is chosen already.
 struct PopoverRoute {
@@ -50,7 +60,7 @@ public:
 };
 
 // The name of a screen as the command line and logs have it: "list", "add", "import", "export",
-// "settings", "feedback".
+// "settings", "feedback", "statistics", "challenge", "crash".
 [[nodiscard]] QString screenName(PopoverScreen screen);
 
 } // namespace skipnest::platform

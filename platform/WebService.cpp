@@ -79,6 +79,9 @@ void WebService::send(HttpRequest request, Completion completion) {
         });
         return;
     }
+    // A proxy would look for this machine's service on its own.
+    if (isThisMachine(base_.host()))
+        request.proxy = HttpRequest::Proxy::none;
     const std::uint64_t number = nextExchange_++;
     exchanges_[number] = http_.send(request, [this, number, completion = std::move(completion)](
                                                  const Result<HttpReply>& reply) {

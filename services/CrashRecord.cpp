@@ -13,7 +13,7 @@ using platform::Failure;
 using platform::Result;
 
 constexpr qsizetype longestText = 256;
-constexpr qsizetype longestStack = 16 * 1024;
+constexpr qsizetype longestStack = qsizetype{16} * 1024;
 
 Failure malformed(const QString& what) {
     return {Failure::Kind::malformed, what};

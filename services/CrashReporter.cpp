@@ -11,7 +11,7 @@ using platform::Failure;
 using platform::HttpReply;
 using platform::Result;
 
-constexpr std::int64_t longestRecord = 64 * 1024;
+constexpr std::int64_t longestRecord = std::int64_t{64} * 1024;
 
 QString seenKey() {
     return u"sk.crash.seen"_s;

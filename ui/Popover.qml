@@ -80,6 +80,36 @@ FocusScope {
         // qmllint enable unqualified
     }
 
+    LazyScreen {
+        anchors.fill: parent
+        shown: root.popover.screen === "statistics"
+        // qmllint disable unqualified
+        sourceComponent: StatisticsScreen {
+            popover: root.popover
+        }
+        // qmllint enable unqualified
+    }
+
+    LazyScreen {
+        anchors.fill: parent
+        shown: root.popover.screen === "challenge"
+        // qmllint disable unqualified
+        sourceComponent: ChallengeScreen {
+            popover: root.popover
+        }
+        // qmllint enable unqualified
+    }
+
+    LazyScreen {
+        anchors.fill: parent
+        shown: root.popover.screen === "crash"
+        // qmllint disable unqualified
+        sourceComponent: CrashScreen {
+            popover: root.popover
+        }
+        // qmllint enable unqualified
+    }
+
     MessageLine {
         id: problemLine
 

@@ -18,8 +18,14 @@ PopoverModel::PopoverModel(app::AppDelegate& agent, QObject* parent)
       importer_(std::make_unique<ImportModel>(agent)),
       exporter_(std::make_unique<ExportModel>(agent)),
       settings_(std::make_unique<SettingsModel>(agent)),
-      feedback_(std::make_unique<FeedbackForm>(agent)) {
+      feedback_(std::make_unique<FeedbackForm>(agent)),
+      statistics_(std::make_unique<StatisticsCardModel>(agent)),
+      challenge_(std::make_unique<ChallengeScreenModel>(agent)),
+      crash_(std::make_unique<CrashReportModel>(agent)) {
     connect(editor_.get(), &ShortcutEditor::finished, this, &PopoverModel::back);
+    connect(crash_.get(), &CrashReportModel::answered, this, &PopoverModel::back);
+    connect(list_->banner(), &ListBanner::crashReportWanted, this,
+            [this] { show(PopoverScreen::crash); });
 }
 
 PopoverModel::~PopoverModel() = default;
@@ -35,10 +41,28 @@ void PopoverModel::setRoute(const PopoverRoute& route) {
     route_ = route;
 }
 
+void PopoverModel::willShow(const PopoverRoute& route) {
+    const bool isHome = route.screen == PopoverScreen::list;
+    if (!(isHome && route_.screen == PopoverScreen::add && editor_->hasDraft()))
+        setRoute(route);
+    isShown_ = true;
+    tellScreens();
+}
+
+void PopoverModel::tellScreens() {
+    using View = StatisticsCardModel::View;
+    statistics_->setView(!isShown_                                    ? View::none
+                         : route_.screen == PopoverScreen::list       ? View::card
+                         : route_.screen == PopoverScreen::statistics ? View::details
+                                                                      : View::other);
+    challenge_->setShown(isShown_ && route_.screen == PopoverScreen::challenge);
+}
+
 void PopoverModel::open(const QString& screen) {
     constexpr auto all =
         std::to_array({PopoverScreen::list, PopoverScreen::add, PopoverScreen::importing,
-                       PopoverScreen::exporting, PopoverScreen::settings, PopoverScreen::feedback});
+                       PopoverScreen::exporting, PopoverScreen::settings, PopoverScreen::feedback,
+                       PopoverScreen::statistics, PopoverScreen::challenge, PopoverScreen::crash});
     for (const PopoverScreen each : all)
         if (platform::screenName(each) == screen)
             return setRoute({each, {}});
@@ -69,6 +93,8 @@ void PopoverModel::addDropped(const QStringList& urls) {
 void PopoverModel::wasHidden() {
     editor_->pause();
     settings_->pause();
+    isShown_ = false;
+    tellScreens();
 }
 
 void PopoverModel::show(PopoverScreen screen) {
@@ -87,6 +113,9 @@ void PopoverModel::show(PopoverScreen screen) {
     case PopoverScreen::importing:
     case PopoverScreen::exporting:
     case PopoverScreen::feedback:
+    case PopoverScreen::statistics:
+    case PopoverScreen::challenge:
+    case PopoverScreen::crash:
         break;
     }
     switch (screen) {
@@ -102,8 +131,12 @@ void PopoverModel::show(PopoverScreen screen) {
     case PopoverScreen::list:
     case PopoverScreen::add:
     case PopoverScreen::feedback:
+    case PopoverScreen::statistics:
+    case PopoverScreen::challenge:
+    case PopoverScreen::crash:
         break;
     }
+    tellScreens();
     Q_EMIT screenChanged();
 }
 

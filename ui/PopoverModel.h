@@ -2,10 +2,13 @@
 #pragma once
 
 #include "platform/PanelHost.h"
+#include "ui/challenge/ChallengeScreenModel.h"
+#include "ui/crash/CrashReportModel.h"
 #include "ui/editor/ShortcutEditor.h"
 #include "ui/feedback/FeedbackForm.h"
 #include "ui/list/ShortcutListScreenModel.h"
 #include "ui/settings/SettingsModel.h"
+#include "ui/stats/StatisticsCardModel.h"
 #include "ui/transfer/ExportModel.h"
 #include "ui/transfer/ImportModel.h"
 
@@ -22,7 +25,8 @@ class AppDelegate;
 namespace skipnest::ui {
 
 // What the popover shows, and the way between its screens: "list", "add" (also edits), "import",
-// "export", "settings", "feedback". The list is home; every other screen goes back to it.
+// "export", "settings", "feedback", "statistics", "challenge", "crash". The list is home; every
+// other screen goes back to it.
 class PopoverModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -34,6 +38,9 @@ class PopoverModel final : public QObject {
     Q_PROPERTY(skipnest::ui::ExportModel* exporter READ exporter CONSTANT)
     Q_PROPERTY(skipnest::ui::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(skipnest::ui::FeedbackForm* feedback READ feedback CONSTANT)
+    Q_PROPERTY(skipnest::ui::StatisticsCardModel* statistics READ statistics CONSTANT)
+    Q_PROPERTY(skipnest::ui::ChallengeScreenModel* challenge READ challenge CONSTANT)
+    Q_PROPERTY(skipnest::ui::CrashReportModel* crash READ crash CONSTANT)
 public:
     explicit PopoverModel(app::AppDelegate& agent, QObject* parent = nullptr);
     ~PopoverModel() override;
@@ -46,8 +53,14 @@ public:
     [[nodiscard]] ExportModel* exporter() const { return exporter_.get(); }
     [[nodiscard]] SettingsModel* settings() const { return settings_.get(); }
     [[nodiscard]] FeedbackForm* feedback() const { return feedback_.get(); }
+    [[nodiscard]] StatisticsCardModel* statistics() const { return statistics_.get(); }
+    [[nodiscard]] ChallengeScreenModel* challenge() const { return challenge_.get(); }
+    [[nodiscard]] CrashReportModel* crash() const { return crash_.get(); }
 
     void setRoute(const platform::PopoverRoute& route);
+    // The popover comes into view for this. Asked for the list, as every click on the icon does, it
+    // comes back to a shortcut that was being made when the person went elsewhere.
+    void willShow(const platform::PopoverRoute& route);
     // By a screen's name; an unknown one changes nothing.
     Q_INVOKABLE void open(const QString& screen);
     // The add screen for an existing record, by the text of its id.
@@ -66,15 +79,20 @@ Q_SIGNALS:
 
 private:
     void show(platform::PopoverScreen screen);
+    void tellScreens();
 
     app::AppDelegate& agent_;
     platform::PopoverRoute route_;
+    bool isShown_ = false;
     std::unique_ptr<ShortcutListScreenModel> list_;
     std::unique_ptr<ShortcutEditor> editor_;
     std::unique_ptr<ImportModel> importer_;
     std::unique_ptr<ExportModel> exporter_;
     std::unique_ptr<SettingsModel> settings_;
     std::unique_ptr<FeedbackForm> feedback_;
+    std::unique_ptr<StatisticsCardModel> statistics_;
+    std::unique_ptr<ChallengeScreenModel> challenge_;
+    std::unique_ptr<CrashReportModel> crash_;
 };
 
 } // namespace skipnest::ui

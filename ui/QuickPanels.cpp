@@ -4,11 +4,13 @@
 #include "app/AppDelegate.h"
 #include "app/MenuBarShell.h"
 #include "platform/Screens.h"
+#include "platform/UserDefaults.h"
 #include "ui/Engine.h"
 #include "ui/PopoverModel.h"
 #include "ui/onboarding/OnboardingModel.h"
 
 #include <QEvent>
+#include <QJsonValue>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -40,6 +42,12 @@ void QuickPanels::createPopover() {
     engine_ = makeEngine(agent_->ports().icons, list.theme());
     connect(&list, &model::ShortcutListViewModel::themeChanged, this,
             [this] { themeOf(*engine_).setTheme(agent_->viewModel().theme()); });
+    const auto takeMotion = [this] {
+        const QJsonValue less = agent_->ports().defaults.value(QStringLiteral("sk.lessMotion"));
+        themeOf(*engine_).setMoves(!less.toBool(false));
+    };
+    takeMotion();
+    connect(&list, &model::ShortcutListViewModel::settingsChanged, this, takeMotion);
 
     popoverModel_ = std::make_unique<PopoverModel>(*agent_);
     popover_ = std::make_unique<QQuickView>(engine_.get(), nullptr);
@@ -71,7 +79,7 @@ bool QuickPanels::isPopoverShown() const {
 }
 
 void QuickPanels::showPopover(const platform::PopoverRoute& route, const QRect& frame) {
-    popoverModel_->setRoute(route);
+    popoverModel_->willShow(route);
     if (!popover_->isVisible())
         popover_->setGeometry(frame);
     popover_->show();

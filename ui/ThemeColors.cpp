@@ -5,6 +5,8 @@
 #include <QQmlEngine>
 #include <QVariant>
 
+#include <utility>
+
 namespace skipnest::ui {
 
 ThemeColors::ThemeColors(model::Theme theme, QObject* parent)
@@ -19,6 +21,11 @@ ThemeColors* ThemeColors::create(QQmlEngine* engine, QJSEngine*) {
 
 void ThemeColors::setTheme(model::Theme theme) {
     if (const Palette* wanted = &palette(theme); std::exchange(palette_, wanted) != wanted)
+        Q_EMIT changed();
+}
+
+void ThemeColors::setMoves(bool moves) {
+    if (std::exchange(moves_, moves) != moves)
         Q_EMIT changed();
 }
 

@@ -28,6 +28,8 @@ class ThemeColors final : public QObject {
     Q_PROPERTY(QColor warning READ warning NOTIFY changed)
     Q_PROPERTY(QColor danger READ danger NOTIFY changed)
     Q_PROPERTY(QColor success READ success NOTIFY changed)
+    // Things may slide and fade on their way; else they are at once where they belong.
+    Q_PROPERTY(bool moves READ moves NOTIFY changed)
     // Measures in device-independent pixels.
     Q_PROPERTY(int spacing READ spacing CONSTANT)
     Q_PROPERTY(int margin READ margin CONSTANT)
@@ -41,6 +43,7 @@ public:
     static ThemeColors* create(QQmlEngine* engine, QJSEngine*);
 
     void setTheme(model::Theme theme);
+    void setMoves(bool moves);
 
     [[nodiscard]] QColor window() const { return palette_->window; }
     [[nodiscard]] QColor surface() const { return palette_->surface; }
@@ -53,6 +56,8 @@ public:
     [[nodiscard]] QColor warning() const { return palette_->warning; }
     [[nodiscard]] QColor danger() const { return palette_->danger; }
     [[nodiscard]] QColor success() const { return palette_->success; }
+
+    [[nodiscard]] bool moves() const { return moves_; }
 
     [[nodiscard]] static int spacing() { return 8; }
     [[nodiscard]] static int margin() { return 16; }
@@ -67,6 +72,7 @@ Q_SIGNALS:
 
 private:
     const Palette* palette_;
+    bool moves_ = true;
 };
 
 } // namespace skipnest::ui

@@ -39,6 +39,7 @@ protected:
         for (const QString& argument : arguments)
             texts.push_back(argument.toUtf8());
         std::vector<char*> words;
+        words.reserve(texts.size() + 1);
         for (QByteArray& text : texts)
             words.push_back(text.data());
         words.push_back(nullptr);

@@ -30,7 +30,7 @@ TEST(CrashRecord, whatARecordConsistsOfIsTaken) {
 
 TEST(CrashRecord, nothingElseRidesAlong) {
     QByteArray longStack;
-    while (longStack.size() <= 18 * 1024)
+    while (longStack.size() <= qsizetype{18} * 1024)
         longStack += "module+0x1\\n";
     longStack += "module+0x1";
     for (const QByteArray& record : {

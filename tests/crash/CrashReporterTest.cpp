@@ -159,7 +159,7 @@ TEST_F(CrashReporterTest, whatIsNoRecordIsMovedAsideAndNeverSent) {
     seen();
     for (const QByteArray& bytes :
          {QByteArray("{\"type\":"), QByteArray(R"({"type":"signal","name":"/home/tom"})"),
-          QByteArray(100 * 1024, ' ')}) {
+          QByteArray(100'000, ' ')}) {
         start(bytes);
         stage.desk.journal().clear();
         reporter->start(true);

@@ -76,14 +76,14 @@ struct OwnFault {
     filled[0] = static_cast<char>(zero);
     if (zero == 0)
         overflow();
-    afterwards = filled[0];
+    afterwards = static_cast<unsigned char>(filled[0]);
 }
 
 [[gnu::noinline]] void readPastEnd() {
     const int file = ::open("/proc/self/exe", O_RDONLY);
     constexpr off_t far = 1L << 32;
     const void* page = ::mmap(nullptr, 4096, PROT_READ, MAP_PRIVATE, file, far);
-    afterwards = *static_cast<const volatile char*>(page);
+    afterwards = *static_cast<const volatile unsigned char*>(page);
 }
 
 [[gnu::noinline]] void destroyStack() {

@@ -19,6 +19,7 @@ using platform::PopoverScreen;
 class FeedbackTest : public testing::Test {
 protected:
     void SetUp() override {
+        stage_.desk().setServiceAddress({});
         stage_.launch();
         stage_.show({PopoverScreen::feedback, {}});
     }
@@ -98,6 +99,24 @@ TEST_F(FeedbackTest, isSentOnceAndKeptUntilItArrived) {
     form().setMessage(u"next"_s);
     answer(true);
     EXPECT_EQ(form().message(), u"next");
+}
+
+TEST(FeedbackService, getsWhatWasTypedWhereThereIsOne) {
+    test::UiStage stage;
+    stage.desk().http().setAnswer(u"/feedback.php"_s, platform::HttpReply{200, {}});
+    stage.launch();
+    stage.show({PopoverScreen::feedback, {}});
+    EXPECT_FALSE(stage.hasItem(u"feedbackCannotSend"_s));
+    FeedbackForm& form = *stage.panels().popoverModel().feedback();
+    form.setCategory(2);
+    stage.type(u"More, please"_s);
+    stage.press(Qt::Key_Return, Qt::ControlModifier);
+    stage.desk().advance(std::chrono::seconds(1));
+    stage.settle();
+    const QByteArray body = stage.desk().http().lastRequest().body;
+    EXPECT_TRUE(body.contains("category=marketing") && body.contains("More%2C%20please"))
+        << body.constData();
+    EXPECT_EQ(form.result(), u"Your feedback is on its way.");
 }
 
 TEST_F(FeedbackTest, anAddressIsOnlyDoubtedWhereItCannotBeOne) {

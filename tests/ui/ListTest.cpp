@@ -5,7 +5,7 @@
 #include "model/ComboText.h"
 #include "platform/EventFlags.h"
 #include "ui/PopoverModel.h"
-#include "ui/list/KeyedListModel.h"
+#include "ui/controls/KeyedListModel.h"
 #include "ui/list/ShortcutListScreenModel.h"
 
 #include <QAbstractItemModelTester>
@@ -44,6 +44,7 @@ struct Letter {
     QString id;
     int value = 0;
 
+    [[nodiscard]] const QString& key() const { return id; }
     bool operator==(const Letter&) const = default;
 };
 
@@ -112,6 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Operations{"movedUp", u"abcd"_s, u"cabd"_s, {"move 2-0"}},
                     Operations{"changed", u"abc"_s, u"aBc"_s, {"change 1-1"}},
                     Operations{"filteredAndBack", u"bd"_s, u"abcd"_s, {"insert 0-0", "insert 2-2"}},
+                    Operations{"keptTwice", u"aa"_s, u"aba"_s, {"insert 1-1"}},
+                    Operations{"oneOfTwoGone", u"aba"_s, u"ba"_s, {"remove 2-2", "move 0-2"}},
                     Operations{"everything",
                                u"abcde"_s,
                                u"xedB"_s,
@@ -365,6 +368,13 @@ TEST_F(List, anImportedProgramRunsOnlyAfterItsRowWasConfirmed) {
 }
 
 TEST_F(List, theBannerShowsTheGravestThingAndThenTheNext) {
+    desk().http().setAnswer(
+        u"/version.json"_s,
+        platform::HttpReply{200,
+                            R"({"version":"2.0","build":"7","url":"https://service.example/2.0",)"
+                            R"("notes":"Jumps are faster.\nAnd more."})"});
+    desk().files().put(desk().appInfo().supportFolder + u"/pending-crash.json"_s,
+                       R"({"type":"signal","name":"SIGSEGV","stack":"skipnest+0x12ab"})");
     const QString config = desk().appInfo().supportFolder + u"/config.json"_s;
     desk().files().put(desk().appInfo().supportFolder + u"/Backups/config-2026-11-20.json"_s,
                        R"({"version":1,"shortcuts":[],"launchAtLogin":false,)"
@@ -373,7 +383,8 @@ TEST_F(List, theBannerShowsTheGravestThingAndThenTheNext) {
     desk().hotkeys().refuse(pressed(u"ctrl+opt+n"_s), 10);
     add(u"Notes"_s, u"ctrl+opt+n"_s);
     open();
-    screen().setUpdateVersion(u"2.0"_s);
+    desk().advance(1s);
+    stage.settle();
 
     using Subject = ui::ListBanner::Subject;
     EXPECT_EQ(banner().subject(), Subject::damaged);
@@ -386,13 +397,56 @@ TEST_F(List, theBannerShowsTheGravestThingAndThenTheNext) {
 
     banner().dismiss();
     EXPECT_EQ(banner().subject(), Subject::update);
-    EXPECT_EQ(banner().text(), u"Skipnest update available: 2.0"_s);
+    EXPECT_EQ(banner().text(), u"Skipnest update available: 2.0\nJumps are faster."_s);
     add(u"Notes"_s, u"ctrl+opt+n"_s);
     EXPECT_EQ(banner().subject(), Subject::notBound);
     stage.click(stage.item(u"bannerClose"_s));
     EXPECT_EQ(banner().subject(), Subject::update);
+
+    desk().journal().clear();
+    stage.click(stage.item(u"bannerAction0"_s));
+    EXPECT_THAT(desk().journal().calls(),
+                testing::Contains(HasSubstr("https://service.example/2.0")));
+    EXPECT_FALSE(desk().panels().isPopoverShown());
+    open();
     banner().dismiss();
     EXPECT_FALSE(stage.hasItem(u"banner"_s));
+}
+
+// Whoever looks something up for a shortcut that they are making goes elsewhere for it.
+TEST_F(List, aDraftIsThereAgainWhenThePopoverComesBack) {
+    const ShortcutItem notes = add(u"Notes"_s, u"ctrl+opt+n"_s);
+    const auto leaveAndComeBack = [this] {
+        stage.agent().shell().closePopover();
+        stage.settle();
+        open();
+        return stage.panels().popoverModel().screen();
+    };
+    ui::PopoverModel& popover = stage.panels().popoverModel();
+    open();
+    popover.open(u"add"_s);
+    EXPECT_EQ(leaveAndComeBack(), u"list"_s); // nothing was begun
+
+    popover.open(u"add"_s);
+    stage.settle();
+    stage.type(u"mai"_s);
+    EXPECT_EQ(leaveAndComeBack(), u"add"_s);
+    stage.type(u"l"_s);
+    EXPECT_EQ(popover.editor()->chooser()->text(), u"mail"_s);
+    popover.setRoute({platform::PopoverScreen::add, u"/Applications/Mail.app"_s});
+    EXPECT_EQ(leaveAndComeBack(), u"add"_s);
+    EXPECT_EQ(popover.editor()->targetPath(), u"/Applications/Mail.app"_s);
+
+    // Given up is given up.
+    popover.back();
+    EXPECT_EQ(leaveAndComeBack(), u"list"_s);
+    popover.edit(notes.id.text());
+    EXPECT_EQ(leaveAndComeBack(), u"list"_s); // as it is
+    popover.edit(notes.id.text());
+    popover.editor()->setName(u"My notes"_s);
+    EXPECT_EQ(leaveAndComeBack(), u"add"_s);
+    popover.editor()->save();
+    EXPECT_EQ(leaveAndComeBack(), u"list"_s);
 }
 
 TEST_F(List, aDesktopThatGivesNoKeysGetsReadyBindings) {

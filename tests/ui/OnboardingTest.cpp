@@ -7,6 +7,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QJsonValue>
 #include <QQuickItem>
 #include <QQuickView>
 
@@ -265,12 +266,37 @@ TEST_F(Onboarding, AsksForTheLoginItem) {
     press(Qt::Key_Return);
     stage.click(item(u"next"_s));
     press(Qt::Key_Return);
+    (void)stage.picture(stage.onboarding()); // everything is in its place
     stage.click(item(u"launchAtLogin"_s));
     EXPECT_TRUE(config().launchAtLogin);
     EXPECT_TRUE(stage.desk().loginItem().isRegistered());
 }
 
 // A proposal is free in our list, free by the desktop's settings, and granted when asked for.
+TEST_F(Onboarding, AsksForUsageCountsOnceAndTakesNoAnswerForNo) {
+    struct Case {
+        bool hasService;
+        bool switches;
+        QJsonValue agreed;
+    };
+    for (const Case& row : {Case{false, false, QJsonValue::Undefined}, Case{true, false, false},
+                            Case{true, true, true}}) {
+        test::UiStage each;
+        if (!row.hasService)
+            each.desk().setServiceAddress({});
+        each.launch(test::UiStage::Setup::check);
+        while (!each.hasItem(each.onboarding(), u"launchAtLogin"_s))
+            each.press(each.onboarding(), Qt::Key_Return);
+        ASSERT_EQ(each.hasItem(each.onboarding(), u"pings"_s), row.hasService);
+        (void)each.picture(each.onboarding());
+        if (row.switches)
+            each.click(each.item(each.onboarding(), u"pings"_s));
+        EXPECT_TRUE(each.desk().defaults().value(u"sk.pings"_s).isUndefined());
+        each.click(each.item(each.onboarding(), u"next"_s));
+        EXPECT_EQ(each.desk().defaults().value(u"sk.pings"_s), row.agreed);
+    }
+}
+
 TEST_F(Onboarding, ProposesOnlyWhatIsFree) {
     platform::DesktopShortcutReading reading;
     reading.shortcuts = {{keyO, carbonControlOption, u"openbox"_s, {}}};

@@ -1,19 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 // Draws the screens into PNG files, FOLDER/SCREEN-THEME.png. Scale by QT_SCALE_FACTOR, as for any
 // Qt program.
+#include "tests/ui/ChallengeScene.h"
 #include "tests/ui/UiStage.h"
 
 #include "app/MenuBarShell.h"
 #include "model/KeyCombo.h"
+#include "ui/PopoverModel.h"
 #include "ui/Translations.h"
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <array>
 #include <cstdio>
@@ -100,8 +104,9 @@ template <std::size_t count> void fill(Stage& stage, const std::array<Sample, co
     stage.settle();
 }
 
-void launch(Stage& stage, Setup setup, model::Theme theme) {
+void launch(Stage& stage, Setup setup, model::Theme theme, void (*furnishMore)(sim::SimDesktop&)) {
     furnish(stage);
+    furnishMore(stage.desk());
     stage.launch(setup);
     stage.list().changeSettings(
         [theme](auto& settings) { settings.themeRaw = model::themeName(theme); });
@@ -112,6 +117,15 @@ void launch(Stage& stage, Setup setup, model::Theme theme) {
 QQuickView& on(Stage& stage, PopoverScreen screen, const QString& path = {}) {
     stage.show({screen, path});
     return stage.popover();
+}
+
+// After all motion.
+QQuickView& rested(Stage& stage, QQuickView& view) {
+    QEventLoop loop;
+    QTimer::singleShot(500, &loop, &QEventLoop::quit);
+    loop.exec();
+    stage.settle();
+    return view;
 }
 
 // Of the popover, with the usual list unless said otherwise.
@@ -189,12 +203,164 @@ QQuickView& settingsKeys(Stage& stage) {
     stage.press(Qt::Key_Return);
     return stage.popover();
 }
+// Jumps of some weeks, the last of them a run of days.
+void jumpAround(Stage& stage) {
+    using Kind = stats::JumpStats::Kind;
+    constexpr std::array perWeek = {3, 17, 24, 9, 38, 52, 47};
+    const auto jump = [&stage](int times) {
+        constexpr std::array names = {"Firefox", "Notes",    "Firefox",
+                                      "Mail",    "Invoices", "Terminal"};
+        for (int i = 0; i < times; ++i)
+            stage.agent().stats().record(
+                i % 7 == 6 ? Kind::switcher : Kind::keyboard,
+                QString::fromLatin1(names[static_cast<std::size_t>(i) % names.size()]));
+        stage.settle();
+    };
+    for (const int jumps : perWeek) {
+        jump(jumps);
+        stage.desk().advance(std::chrono::days(7));
+    }
+    for (const int jumps : {8, 11, 5, 14, 20}) {
+        jump(jumps);
+        if (jumps != 20)
+            stage.desk().advance(std::chrono::days(1));
+    }
+}
+// Everything that is due was shown before.
+void celebrateAll(Stage& stage) {
+    auto& stats = stage.agent().stats();
+    while (const auto milestone = stats.nextMilestone())
+        stats.celebrate(milestone->id);
+    while (const auto recap = stats.weeklyRecap())
+        stats.celebrate(recap->id);
+    for (const char* tip : {"tip.hide", "tip.capture", "tip.drop", "tip.voice"})
+        stats.celebrate(QString::fromLatin1(tip));
+}
+QQuickView& card(Stage& stage) {
+    fill(stage, usualShortcuts);
+    jumpAround(stage);
+    celebrateAll(stage);
+    return on(stage, PopoverScreen::list);
+}
+QQuickView& cardMilestone(Stage& stage) {
+    fill(stage, usualShortcuts);
+    jumpAround(stage);
+    return rested(stage, on(stage, PopoverScreen::list));
+}
+QQuickView& cardRecap(Stage& stage) {
+    fill(stage, usualShortcuts);
+    jumpAround(stage);
+    auto& stats = stage.agent().stats();
+    while (const auto milestone = stats.nextMilestone())
+        stats.celebrate(milestone->id);
+    return rested(stage, on(stage, PopoverScreen::list));
+}
+QQuickView& cardTip(Stage& stage) {
+    cardRecap(stage);
+    stage.agent().shell().closePopover();
+    return rested(stage, on(stage, PopoverScreen::list));
+}
+QQuickView& statistics(Stage& stage) {
+    card(stage);
+    return on(stage, PopoverScreen::statistics);
+}
+QQuickView& statisticsShared(Stage& stage) {
+    statistics(stage);
+    stage.item(u"savePicture"_s).forceActiveFocus(Qt::TabFocusReason);
+    stage.press(Qt::Key_Return);
+    return stage.popover();
+}
+QQuickView& statisticsNothing(Stage& stage) {
+    fill(stage, usualShortcuts);
+    return on(stage, PopoverScreen::statistics);
+}
+
+// The web service has an answer, and the run before ended by a crash.
+void serve(Stage& stage) {
+    auto& desk = stage.desk();
+    desk.http().setAnswer(
+        u"/version.json"_s,
+        platform::HttpReply{200,
+                            R"({"version":"1.1","build":"52",)"
+                            R"("url":"https://service.example/1.1",)"
+                            R"("notes":"Jumps are faster, and there is a window switcher."})"});
+    desk.advance(1s); // after the check of the start
+    stage.agent().updates().check();
+    desk.advance(1s);
+    stage.settle();
+}
+QQuickView& listUpdate(Stage& stage) {
+    serve(stage);
+    return list(stage);
+}
+QQuickView& crash(Stage& stage) {
+    stage.desk().files().put(
+        stage.desk().appInfo().supportFolder + u"/pending-crash.json"_s,
+        R"({"type":"signal","name":"SIGSEGV","stack":"skipnest+0x2f1c80\nskipnest+0x2f0b14\n)"
+        R"(libQt6Core.so.6.4.2+0x1a2f40\nlibQt6Core.so.6.4.2+0x1a3370\nlibc.so.6+0x2724a\n)"
+        R"(skipnest+0x11e75"})");
+    stage.list().changeSettings([](auto& settings) { settings.crashReports = true; });
+    list(stage);
+    return stage.popover();
+}
+QQuickView& crashReport(Stage& stage) {
+    crash(stage);
+    return on(stage, PopoverScreen::crash);
+}
+QQuickView& settingsPrivacy(Stage& stage) {
+    settings(stage);
+    stage.panels().popoverModel().settings()->setFilter(
+        QCoreApplication::translate("Settings", "Privacy"));
+    return stage.popover();
+}
+
 QQuickView& feedback(Stage& stage) {
     on(stage, PopoverScreen::feedback);
     stage.item(u"feedbackCategory"_s).forceActiveFocus();
     stage.press(Qt::Key_Right);
     stage.click(stage.item(u"feedbackMessage"_s));
     stage.type(u"The list could show when a key was last used."_s);
+    return stage.popover();
+}
+
+QQuickView& challengeJoin(Stage& stage) {
+    on(stage, PopoverScreen::challenge);
+    stage.type(u"Ada"_s);
+    return stage.popover();
+}
+QQuickView& challengeCountry(Stage& stage) {
+    challengeJoin(stage);
+    stage.press(Qt::Key_Tab);
+    stage.type(u"ver"_s);
+    return stage.popover();
+}
+QQuickView& challengeTaken(Stage& stage) {
+    stage.desk().http().setAnswer(u"/leaderboard.php"_s,
+                                  platform::HttpReply{200, R"({"available":false})"});
+    challengeJoin(stage);
+    stage.press(Qt::Key_Return);
+    stage.desk().advance(1s);
+    stage.settle();
+    return stage.popover();
+}
+QQuickView& challengeBoard(Stage& stage) {
+    on(stage, PopoverScreen::challenge);
+    stage.desk().advance(1s);
+    stage.settle();
+    return stage.popover();
+}
+QQuickView& challengeUnreachable(Stage& stage) {
+    stage.desk().http().setAnswer(u"/leaderboard.php"_s, platform::HttpReply{503, {}});
+    return challengeBoard(stage);
+}
+QQuickView& challengeRename(Stage& stage) {
+    challengeBoard(stage);
+    stage.click(stage.item(u"challengeRename"_s));
+    return stage.popover();
+}
+QQuickView& challengeLeave(Stage& stage) {
+    challengeBoard(stage);
+    stage.click(stage.item(u"challengeAskToLeave"_s));
     return stage.popover();
 }
 
@@ -260,6 +426,7 @@ struct Picture {
     QStringView name;
     Setup setup;
     QQuickView& (*prepare)(Stage&);
+    void (*furnishMore)(sim::SimDesktop&) = [](sim::SimDesktop&) {}; // before the launch
 };
 constexpr auto pictures = std::to_array<Picture>({
     {u"list", Setup::countsAsDone, list},
@@ -275,7 +442,27 @@ constexpr auto pictures = std::to_array<Picture>({
     {u"export", Setup::countsAsDone, exporting},
     {u"settings", Setup::countsAsDone, settings},
     {u"settings-keys", Setup::countsAsDone, settingsKeys},
+    {u"card", Setup::countsAsDone, card},
+    {u"card-milestone", Setup::countsAsDone, cardMilestone},
+    {u"card-recap", Setup::countsAsDone, cardRecap},
+    {u"card-tip", Setup::countsAsDone, cardTip},
+    {u"statistics", Setup::countsAsDone, statistics},
+    {u"statistics-shared", Setup::countsAsDone, statisticsShared},
+    {u"statistics-nothing", Setup::countsAsDone, statisticsNothing},
+    {u"list-update", Setup::countsAsDone, listUpdate},
+    {u"list-crash", Setup::countsAsDone, crash},
+    {u"crash", Setup::countsAsDone, crashReport},
+    {u"settings-privacy", Setup::countsAsDone, settingsPrivacy},
     {u"feedback", Setup::countsAsDone, feedback},
+    {u"challenge-none", Setup::countsAsDone, challengeJoin, test::removeWebService},
+    {u"challenge-join", Setup::countsAsDone, challengeJoin},
+    {u"challenge-country", Setup::countsAsDone, challengeCountry},
+    {u"challenge-taken", Setup::countsAsDone, challengeTaken},
+    {u"challenge-board", Setup::countsAsDone, challengeBoard, test::takePartInChallenge},
+    {u"challenge-unreachable", Setup::countsAsDone, challengeUnreachable,
+     test::takePartInChallenge},
+    {u"challenge-rename", Setup::countsAsDone, challengeRename, test::takePartInChallenge},
+    {u"challenge-leave", Setup::countsAsDone, challengeLeave, test::takePartInChallenge},
     {u"onboarding-welcome", Setup::check, welcome},
     {u"onboarding-shortcut", Setup::check, firstShortcut},
     {u"onboarding-search", Setup::check, firstShortcutSearch},
@@ -326,7 +513,7 @@ int main(int argc, char** argv) {
             if (theme != u"all" && theme != model::themeName(each))
                 continue;
             Stage stage;
-            launch(stage, picture.setup, each);
+            launch(stage, picture.setup, each, picture.furnishMore);
             const QString file = folder.filePath(u"%1-%2.png"_s.arg(name, model::themeName(each)));
             if (!stage.picture(picture.prepare(stage)).save(file, "PNG", smallest)) {
                 std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));

@@ -2,12 +2,12 @@
 #include "tests/ui/UiStage.h"
 
 #include "model/ConfigurationCoding.h"
+#include "ui/Engine.h"
 #include "ui/PopoverModel.h"
 #include "ui/settings/KeyLedgerRows.h"
 #include "ui/settings/SettingRows.h"
 #include "ui/settings/SettingsModel.h"
 #include "ui/settings/SettingsTable.h"
-#include "ui/settings/VocabularyRows.h"
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
@@ -15,7 +15,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QQmlEngine>
 #include <QQuickItem>
+#include <QQuickView>
 
 #include <gmock/gmock.h>
 
@@ -228,6 +230,39 @@ TEST_F(SettingsTest, glyphsAreKeptBesideTheDocument) {
     EXPECT_FALSE(stored(u"defaults.json"_s).contains(u"sk.comboGlyphs"_s));
 }
 
+QString privacyNote(test::UiStage& stage) {
+    const auto sections = stage.panels().popoverModel().settings()->sections();
+    return sections.back()->property("note").toString();
+}
+
+TEST_F(SettingsTest, agreeingToPingsSendsWhatWaitedAndResettingEndsIt) {
+    start();
+    const auto pinged = [this] {
+        return QString::fromStdString(testing::PrintToString(stage_.desk().journal().calls()))
+            .count(u"/version.php"_s);
+    };
+    EXPECT_EQ(privacyNote(stage_), QString());
+    EXPECT_EQ(pinged(), 0);
+    settings().setOn(u"sk.pings"_s, true);
+    EXPECT_GT(pinged(), 0);
+    settings().reset(u"sk.pings"_s);
+    EXPECT_FALSE(stage_.agent().pings().isAgreed());
+    EXPECT_TRUE(stage_.desk().defaults().value(u"sk.pings"_s).isUndefined());
+
+    test::UiStage alone;
+    alone.desk().setServiceAddress({});
+    alone.launch();
+    EXPECT_NE(privacyNote(alone), QString());
+}
+
+TEST_F(SettingsTest, lessMotionStillsTheViews) {
+    start();
+    ThemeColors& theme = themeOf(*stage_.popover().engine());
+    EXPECT_TRUE(theme.moves());
+    settings().setOn(u"sk.lessMotion"_s, true);
+    EXPECT_FALSE(theme.moves());
+}
+
 TEST_F(SettingsTest, aLanguageIsPickedByKeyboard) {
     start();
     focus(u"voiceLanguage"_s);
@@ -372,63 +407,6 @@ TEST_F(LedgerTest, isAPageOfItsOwnWithTheKeyboardInItsField) {
     EXPECT_TRUE(stage_.hasItem(u"findSetting"_s));
     EXPECT_EQ(stage_.panels().popoverModel().screen(), u"settings");
 }
-
-// What a view is told when a list becomes another one; "a+" is row a put in, "a-" taken out.
-struct Edit {
-    QString before;
-    QString after;
-    const char* operations;
-};
-class RowEdits : public testing::TestWithParam<Edit> {
-protected:
-    static std::vector<VocabularyRows::Row> rows(const QString& text) {
-        std::vector<VocabularyRows::Row> rows;
-        for (const QString& word : text.split(u' ', Qt::SkipEmptyParts))
-            rows.push_back({word.section(u'=', 0, 0), word.section(u'=', 1)});
-        return rows;
-    }
-};
-
-TEST_P(RowEdits, areAppliedOneByOne) {
-    VocabularyRows list(nullptr);
-    list.update(rows(GetParam().before));
-    const QAbstractItemModelTester tester(&list,
-                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
-    QStringList seen;
-    const auto note = [&seen](const QString& what, int first, int last) {
-        seen.append(u"%1%2-%3"_s.arg(what).arg(first).arg(last));
-    };
-    using Model = QAbstractItemModel;
-    QObject::connect(&list, &Model::rowsInserted, &list,
-                     [&](const QModelIndex&, int a, int b) { note(u"in"_s, a, b); });
-    QObject::connect(&list, &Model::rowsRemoved, &list,
-                     [&](const QModelIndex&, int a, int b) { note(u"out"_s, a, b); });
-    QObject::connect(&list, &Model::rowsMoved, &list,
-                     [&](const QModelIndex&, int from, int, const QModelIndex&, int to) {
-                         note(u"move"_s, from, to);
-                     });
-    QObject::connect(
-        &list, &Model::dataChanged, &list,
-        [&](const QModelIndex& a, const QModelIndex& b) { note(u"change"_s, a.row(), b.row()); });
-    list.update(rows(GetParam().after));
-    EXPECT_EQ(seen.join(u' ').toStdString(), GetParam().operations);
-
-    QStringList result;
-    for (int i = 0; i < list.rowCount(); ++i)
-        result.append(list.data(list.index(i), Qt::UserRole).toString());
-    QStringList wanted;
-    for (const auto& row : rows(GetParam().after))
-        wanted.append(row.heard);
-    EXPECT_EQ(result, wanted);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , RowEdits,
-    testing::Values(Edit{u""_s, u"a b"_s, "in0-0 in1-1"}, Edit{u"a b c"_s, u"a c"_s, "out1-1"},
-                    Edit{u"a b c"_s, u"c a b"_s, "move2-0"},
-                    Edit{u"a=1 b=2"_s, u"a=1 b=3"_s, "change1-1"},
-                    Edit{u"a b c"_s, u"d c=9"_s, "out1-1 out0-0 in0-0 change1-1"},
-                    Edit{u"a a"_s, u"a"_s, "out1-1"}, Edit{u"a"_s, u"a"_s, ""}));
 
 } // namespace
 } // namespace skipnest::ui

@@ -35,8 +35,8 @@ UiStage::~UiStage() {
 }
 
 void UiStage::launch(Setup setup) {
-    agent_ =
-        std::make_unique<app::AppDelegate>(desk_.ports(), app::AppDelegate::Options{setup, {}});
+    agent_ = std::make_unique<app::AppDelegate>(
+        desk_.ports(), app::AppDelegate::Options{.setup = setup, .quit = {}});
     panels_.attach(*agent_);
     agent_->launch();
     settle();

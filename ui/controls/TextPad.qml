@@ -10,6 +10,7 @@ FocusScope {
     property alias readOnly: edit.readOnly
     property string placeholder
     property string name: placeholder
+    property bool isCode: false
 
     // Ctrl with Return, as in chats.
     signal accepted
@@ -56,7 +57,8 @@ FocusScope {
             color: Theme.text
             selectionColor: Theme.accent
             selectedTextColor: Theme.accentText
-            font.pixelSize: Theme.textSize
+            font.pixelSize: pad.isCode ? Theme.smallSize : Theme.textSize
+            font.family: pad.isCode ? "monospace" : Qt.application.font.family
             onCursorRectangleChanged: flick.reveal(edit.cursorRectangle)
 
             Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)

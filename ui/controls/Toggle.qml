@@ -36,6 +36,8 @@ Pressable {
         color: toggle.checked ? Theme.accentText : Theme.secondaryText
 
         Behavior on x {
+            enabled: Theme.moves
+
             NumberAnimation {
                 duration: 90
             }

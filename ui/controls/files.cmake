@@ -1,4 +1,4 @@
-list(APPEND UI_SOURCES controls/RowModel.h)
+list(APPEND UI_SOURCES controls/KeyedListModel.h)
 list(APPEND UI_QML
     controls/ActionButton.qml
     controls/Card.qml

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "ui/list/KeyedListModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QString>
 
@@ -14,6 +14,7 @@ struct FoundTarget {
     QString place;        // in the person's words
     bool isTaken = false; // there is a shortcut for it
 
+    [[nodiscard]] const QString& key() const { return id; }
     bool operator==(const FoundTarget&) const = default;
 };
 

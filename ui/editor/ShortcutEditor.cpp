@@ -88,6 +88,18 @@ void ShortcutEditor::cancel() {
     start(std::nullopt, {});
 }
 
+bool ShortcutEditor::hasDraft() const {
+    const auto is = [this](const QString& path, const QString& name, const auto& jump,
+                           const auto& hide) {
+        return path_ == path && name_ == name && jumpKey_.combo() == jump &&
+               hideKey_.combo() == hide && chooser_.text().isEmpty();
+    };
+    constexpr std::optional<model::KeyCombo> none;
+    return edited_
+               ? !is(edited_->targetPath, edited_->name, edited_->keyCombo, edited_->hideKeyCombo)
+               : !is({}, {}, none, none);
+}
+
 // Named after the target unless the person has given it another name.
 void ShortcutEditor::setTarget(const QString& path) {
     const bool isNameOwn = !name_.trimmed().isEmpty() && name_ != targetName();

@@ -54,6 +54,8 @@ public:
     void pause();
     // The screen was left.
     void cancel();
+    // Something was chosen, typed or recorded that neither is saved nor given up.
+    [[nodiscard]] bool hasDraft() const;
 
     [[nodiscard]] bool isEditing() const { return edited_.has_value(); }
     [[nodiscard]] QString recordId() const { return edited_ ? edited_->id.text() : QString(); }

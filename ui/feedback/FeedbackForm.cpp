@@ -9,20 +9,24 @@
 #include <QRegularExpression>
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <array>
 
 namespace skipnest::ui {
 namespace {
 
+using Sent = services::FeedbackService::Category;
+
 struct Category {
-    const char* name; // as it is sent
+    const char* name;
     const char* title;
+    Sent sent;
 };
 constexpr auto categoryTable = std::to_array<Category>({
-    {"bug", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Bug")},
-    {"feature", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Feature")},
-    {"marketing", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Marketing")},
-    {"other", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Other")},
+    {"bug", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Bug"), Sent::bug},
+    {"feature", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Feature"), Sent::feature},
+    {"marketing", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Marketing"), Sent::marketing},
+    {"other", QT_TRANSLATE_NOOP("skipnest::ui::FeedbackForm", "Other"), Sent::other},
 });
 
 // Only what cannot be an address: mail programs accept far more than any pattern knows.
@@ -34,7 +38,18 @@ bool looksLikeAddress(const QString& text) {
 } // namespace
 
 FeedbackForm::FeedbackForm(app::AppDelegate& agent, QObject* parent)
-    : QObject(parent), agent_(agent) {}
+    : QObject(parent), agent_(agent) {
+    if (!agent.webService().isConfigured())
+        return;
+    sender_ = [&agent](const Feedback& feedback, std::function<void(bool)> done) {
+        const auto* category = std::ranges::find_if(categoryTable, [&feedback](const auto& each) {
+            return feedback.category == QLatin1String(each.name);
+        });
+        Q_ASSERT(category != categoryTable.end());
+        agent.feedbackService().send(category->sent, feedback.message, feedback.email,
+                                     std::move(done));
+    };
+}
 
 void FeedbackForm::setSender(Sender sender) {
     sender_ = std::move(sender);

@@ -44,7 +44,8 @@ public:
 
     explicit FeedbackForm(app::AppDelegate& agent, QObject* parent = nullptr);
 
-    // Without one the form says that it cannot send, and offers the text to be copied.
+    // That of the web service where there is one. Without any the form says that it cannot send,
+    // and offers the text to be copied.
     void setSender(Sender sender);
 
     [[nodiscard]] static QStringList categories();

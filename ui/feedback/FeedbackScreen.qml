@@ -80,7 +80,7 @@ ScreenPage {
         MessageLine {
             objectName: "feedbackCannotSend"
             width: parent.width
-            text: root.form.hasSender ? "" : qsTr("This build can't send feedback yet. Copy the text and send it the way you like.")
+            text: root.form.hasSender ? "" : qsTr("This build can't send feedback. Copy the text and send it the way you like.")
         }
 
         MessageLine {

@@ -2,6 +2,7 @@
 #include "ui/list/ListBanner.h"
 
 #include "app/AppDelegate.h"
+#include "ui/editor/PlainLine.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -24,6 +25,13 @@ std::optional<QDate> dayOf(const QString& snapshot) {
     return day.isValid() ? std::optional(day) : std::nullopt;
 }
 
+// What is new, in one line of the banner.
+QString firstLine(const QString& notes) {
+    constexpr qsizetype longest = 120;
+    const QString line = plainLine(notes.trimmed().section(u'\n', 0, 0)).trimmed();
+    return line.size() <= longest ? line : line.left(longest).trimmed() + u'…';
+}
+
 QString shown(QDate day) {
     return QLocale().toString(day, QLocale::LongFormat);
 }
@@ -38,6 +46,10 @@ ListBanner::ListBanner(app::AppDelegate& agent, QObject* parent) : QObject(paren
         refresh();
     });
     connect(&agent.ledger(), &KeyLedger::changed, this, &ListBanner::refresh);
+    connect(&agent.crashReporter(), &services::CrashReporter::waitingChanged, this,
+            &ListBanner::changed);
+    connect(&agent.updates(), &services::UpdateChecker::availableChanged, this,
+            &ListBanner::changed);
 }
 
 void ListBanner::refresh() {
@@ -57,11 +69,6 @@ void ListBanner::lookAtStorage() {
     snapshot_ = state.newestSnapshot ? dayOf(*state.newestSnapshot) : std::nullopt;
 }
 
-void ListBanner::setUpdateVersion(const QString& version) {
-    if (std::exchange(updateVersion_, version) != version)
-        Q_EMIT changed();
-}
-
 ListBanner::Subject ListBanner::subject() const {
     if (isDamaged_)
         return Subject::damaged;
@@ -71,7 +78,10 @@ ListBanner::Subject ListBanner::subject() const {
         return Subject::noHotkeys;
     if (hotkeys_.state != Availability::State::unavailable && refused_ > refusedWhenDismissed_)
         return Subject::notBound;
-    return updateVersion_.isEmpty() ? Subject::none : Subject::update;
+    if (agent_.crashReporter().waiting() && !isCrashDismissed_)
+        return Subject::crash;
+    const auto& release = agent_.updates().available();
+    return release && release->version != dismissedVersion_ ? Subject::update : Subject::none;
 }
 
 QString ListBanner::kind() const {
@@ -85,6 +95,7 @@ QString ListBanner::kind() const {
     case Subject::notBound:
         return QStringLiteral("warning");
     case Subject::none:
+    case Subject::crash:
     case Subject::update:
         return QStringLiteral("info");
     }
@@ -112,8 +123,10 @@ QString ListBanner::text() const {
                   "bindings for");
     case Subject::notBound:
         return notBoundText();
+    case Subject::crash:
+        return tr("Skipnest quit unexpectedly last time");
     case Subject::update:
-        return tr("Skipnest update available") + QStringLiteral(": ") + updateVersion_;
+        return updateText();
     }
     Q_UNREACHABLE();
 }
@@ -135,6 +148,14 @@ QString ListBanner::notBoundText() const {
     return tr("%1: taken by %2.").arg(sentence, owners.join(QStringLiteral(", ")));
 }
 
+QString ListBanner::updateText() const {
+    const services::Release& release = *agent_.updates().available();
+    QString text = tr("Skipnest update available") + QStringLiteral(": ") + release.version;
+    if (const QString news = firstLine(release.notes); !news.isEmpty())
+        text += u'\n' + news;
+    return text;
+}
+
 QStringList ListBanner::actions() const {
     switch (subject()) {
     case Subject::none:
@@ -148,6 +169,8 @@ QStringList ListBanner::actions() const {
     case Subject::noHotkeys:
         // Names of desktops, the same in every language.
         return {QStringLiteral("GNOME"), QStringLiteral("KDE"), QStringLiteral("sway")};
+    case Subject::crash:
+        return {tr("Show the report")};
     case Subject::update:
         return {tr("Show the update")};
     }
@@ -166,8 +189,13 @@ void ListBanner::act(int index) {
         return restore();
     case Subject::noHotkeys:
         return copyBindings(static_cast<BindingsFor>(index));
+    case Subject::crash:
+        Q_EMIT crashReportWanted();
+        return;
     case Subject::update:
-        Q_EMIT updateWanted();
+        // The browser comes to the front.
+        agent_.shell().closePopover();
+        agent_.updates().open();
     }
 }
 
@@ -213,8 +241,11 @@ void ListBanner::dismiss() {
     case Subject::notBound:
         refusedWhenDismissed_ = refused_;
         break;
+    case Subject::crash:
+        isCrashDismissed_ = true;
+        break;
     case Subject::update:
-        updateVersion_.clear();
+        dismissedVersion_ = agent_.updates().available()->version;
         break;
     }
     Q_EMIT changed();

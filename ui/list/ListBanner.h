@@ -18,8 +18,8 @@ class AppDelegate;
 namespace skipnest::ui {
 
 // The one thing above the list that the person should know: the configuration was damaged or has
-// just been restored, keys are not bound, an update is there. The first of these that holds is
-// shown; closing it shows the next.
+// just been restored, keys are not bound, the last run ended by a crash whose report waits for an
+// answer, an update is there. The first of these that holds is shown; closing it shows the next.
 class ListBanner final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -31,15 +31,13 @@ class ListBanner final : public QObject {
     // What can be done about it; act() takes the index.
     Q_PROPERTY(QStringList actions READ actions NOTIFY changed)
 public:
-    enum class Subject { none, damaged, restored, noHotkeys, notBound, update };
+    enum class Subject { none, damaged, restored, noHotkeys, notBound, crash, update };
     Q_ENUM(Subject)
 
     explicit ListBanner(app::AppDelegate& agent, QObject* parent = nullptr);
 
     // Looks again at all that can change without this program's doing.
     void refresh();
-    void setUpdateVersion(const QString& version);
-    [[nodiscard]] const QString& updateVersion() const { return updateVersion_; }
 
     [[nodiscard]] Subject subject() const;
     [[nodiscard]] QString kind() const;
@@ -51,13 +49,14 @@ public:
 
 Q_SIGNALS:
     void changed();
-    void updateWanted();
+    void crashReportWanted();
 
 private:
     void lookAtStorage();
     void restore();
     void copyBindings(app::BindingsFor desktop);
     [[nodiscard]] QString notBoundText() const;
+    [[nodiscard]] QString updateText() const;
 
     app::AppDelegate& agent_;
     bool isStorageKnown_ = false;
@@ -71,7 +70,8 @@ private:
     std::optional<app::BindingsFor> copied_;
     qsizetype refused_ = 0;
     qsizetype refusedWhenDismissed_ = 0;
-    QString updateVersion_;
+    bool isCrashDismissed_ = false;
+    std::optional<QString> dismissedVersion_;
 };
 
 } // namespace skipnest::ui

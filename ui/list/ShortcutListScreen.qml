@@ -7,9 +7,6 @@ ScreenPage {
     id: root
 
     required property PopoverModel popover
-    // Shown below the list; takes no room while there is none.
-    property Component statisticsCard: null
-
     readonly property ShortcutListScreenModel screen: root.popover.list
     readonly property bool empty: root.screen.empty
 
@@ -111,7 +108,9 @@ ScreenPage {
                 root.screen.refresh();
             } else {
                 root.screen.filter = "";
-                list.forceActiveFocus();
+                // Another screen that has the keyboard keeps it.
+                if (root.visible)
+                    list.forceActiveFocus();
             }
         }
     }
@@ -190,6 +189,7 @@ ScreenPage {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: statistics.top
+        anchors.bottomMargin: statistics.visible ? 6 : 0
         visible: count > 0
         activeFocusOnTab: true
         clip: true
@@ -235,7 +235,7 @@ ScreenPage {
         moveDisplaced: Transition {
             NumberAnimation {
                 property: "y"
-                duration: 100
+                duration: Theme.moves ? 100 : 0
             }
         }
 
@@ -311,17 +311,19 @@ ScreenPage {
         Keys.onPressed: event => root.handleKey(event)
     }
 
-    Loader {
+    // With nothing to press yet there is nothing to count.
+    StatisticsCard {
         id: statistics
 
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: active ? Theme.margin : 0
-        active: root.statisticsCard !== null
-        visible: active
-        height: active ? implicitHeight : 0
-        sourceComponent: root.statisticsCard
+        anchors.margins: visible ? Theme.spacing : 0
+        visible: !root.empty || root.popover.statistics.hasJumps
+        height: visible ? implicitHeight : 0
+        statistics: root.popover.statistics
+        onOpened: root.popover.open("statistics")
+        onMomentClosed: root.placeFocus()
     }
 
     UndoLine {

@@ -35,7 +35,6 @@ ShortcutListScreenModel::ShortcutListScreenModel(app::AppDelegate& agent, QObjec
             &ShortcutListScreenModel::takeRefusals);
     connect(&missing_, &MissingTargets::changed, this, &ShortcutListScreenModel::rebuild);
     connect(&removed_, &RemovedShortcuts::changed, this, &ShortcutListScreenModel::undoChanged);
-    connect(&banner_, &ListBanner::changed, this, &ShortcutListScreenModel::updateVersionChanged);
     refusals_ = refusals();
     rebuild();
 }
@@ -171,10 +170,6 @@ ShortcutListScreenModel::Note ShortcutListScreenModel::noteFor(const ShortcutIte
 
 QString ShortcutListScreenModel::undoText() const {
     return removed_.isOffered() ? tr("Removed “%1”").arg(plainLine(removed_.name())) : QString();
-}
-
-void ShortcutListScreenModel::setUpdateVersion(const QString& version) {
-    banner_.setUpdateVersion(version);
 }
 
 bool ShortcutListScreenModel::jump(const QString& id) {

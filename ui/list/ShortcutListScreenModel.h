@@ -37,9 +37,6 @@ class ShortcutListScreenModel final : public QObject {
     Q_PROPERTY(bool nothingFound READ isNothingFound NOTIFY contentChanged)
     // "Removed “Notes”" for as long as it can be undone, else empty.
     Q_PROPERTY(QString undoText READ undoText NOTIFY undoChanged)
-    // The release that can be had; empty for none.
-    Q_PROPERTY(
-        QString updateVersion READ updateVersion WRITE setUpdateVersion NOTIFY updateVersionChanged)
 public:
     explicit ShortcutListScreenModel(app::AppDelegate& agent, QObject* parent = nullptr);
 
@@ -50,8 +47,6 @@ public:
     [[nodiscard]] bool isEmpty() const { return all_.empty(); }
     [[nodiscard]] bool isNothingFound() const { return !all_.empty() && rows_.rows().empty(); }
     [[nodiscard]] QString undoText() const;
-    [[nodiscard]] const QString& updateVersion() const { return banner_.updateVersion(); }
-    void setUpdateVersion(const QString& version);
 
     // The list has come into view.
     Q_INVOKABLE void refresh();
@@ -71,7 +66,6 @@ Q_SIGNALS:
     void filterChanged();
     void contentChanged();
     void undoChanged();
-    void updateVersionChanged();
 
 private:
     struct Note {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/RecordId.h"
-#include "ui/list/KeyedListModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QStringList>
 
@@ -21,6 +21,7 @@ struct ShortcutRow {
     QString noteKind;
     bool isConfirmed = true; // else it came with an import and waits
 
+    [[nodiscard]] const model::RecordId& key() const { return id; }
     bool operator==(const ShortcutRow&) const = default;
 };
 

@@ -101,5 +101,45 @@ OnboardingStep {
                 text: step.onboarding.launchAtLoginProblem
             }
         }
+
+        Card {
+            width: parent.width
+            visible: step.onboarding.asksForPings
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 2
+
+                    Text {
+                        Layout.fillWidth: true
+                        text: qsTr("Send anonymous usage counts")
+                        textFormat: Text.PlainText
+                        wrapMode: Text.Wrap
+                        color: Theme.text
+                        font.pixelSize: Theme.textSize
+                    }
+
+                    Text {
+                        Layout.fillWidth: true
+                        text: qsTr("Only if you like: the version, a random number for this installation and how far the first steps got. Never names or texts.")
+                        textFormat: Text.PlainText
+                        wrapMode: Text.Wrap
+                        color: Theme.secondaryText
+                        font.pixelSize: Theme.smallSize
+                    }
+                }
+
+                Toggle {
+                    objectName: "pings"
+                    name: qsTr("Send anonymous usage counts")
+                    checked: step.onboarding.pings
+                    onToggled: checked => step.onboarding.setPings(checked)
+                }
+            }
+        }
     }
 }

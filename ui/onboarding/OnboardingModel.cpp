@@ -7,6 +7,7 @@
 #include "ui/Theme.h"
 
 #include <array>
+#include <utility>
 
 namespace skipnest::ui {
 
@@ -21,7 +22,8 @@ constexpr std::array themes = {Theme::light, Theme::dark, Theme::brand};
 } // namespace
 
 OnboardingModel::OnboardingModel(app::AppDelegate& agent, QObject* parent)
-    : QObject(parent), agent_(agent), shortcut_(agent), press_(agent), gesture_(agent) {
+    : QObject(parent), agent_(agent), shortcut_(agent), press_(agent), gesture_(agent),
+      pings_(agent.pings().isAgreed()) {
     connect(&shortcut_, &FirstShortcut::targetChanged, this, &OnboardingModel::canGoOnChanged);
     connect(shortcut_.recorder(), &RecorderFace::changed, this, &OnboardingModel::canGoOnChanged);
     connect(this, &OnboardingModel::stepChanged, this, &OnboardingModel::canGoOnChanged);
@@ -96,6 +98,9 @@ void OnboardingModel::back() {
 
 void OnboardingModel::finish() {
     stop();
+    // Whoever skips before the question was not asked.
+    if (asksForPings() && step_ == Step::done)
+        agent_.pings().setAgreed(pings_);
     agent_.shell().finishOnboarding();
 }
 
@@ -169,6 +174,15 @@ QString OnboardingModel::statusItem() const {
         return QStringLiteral("unavailable");
     }
     Q_UNREACHABLE();
+}
+
+bool OnboardingModel::asksForPings() const {
+    return agent_.webService().isConfigured();
+}
+
+void OnboardingModel::setPings(bool wanted) {
+    if (std::exchange(pings_, wanted) != wanted)
+        Q_EMIT pingsChanged();
 }
 
 bool OnboardingModel::launchAtLogin() const {

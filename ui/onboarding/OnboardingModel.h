@@ -39,6 +39,9 @@ class OnboardingModel final : public QObject {
     Q_PROPERTY(bool canLaunchAtLogin READ canLaunchAtLogin NOTIFY launchAtLoginChanged)
     // Why it cannot, or did not work.
     Q_PROPERTY(QString launchAtLoginProblem READ launchAtLoginProblem NOTIFY launchAtLoginChanged)
+    // Usage counts: asked here once, where there is a service that could take them.
+    Q_PROPERTY(bool asksForPings READ asksForPings CONSTANT)
+    Q_PROPERTY(bool pings READ pings NOTIFY pingsChanged)
 public:
     explicit OnboardingModel(app::AppDelegate& agent, QObject* parent = nullptr);
 
@@ -62,6 +65,9 @@ public:
     [[nodiscard]] bool canLaunchAtLogin() const;
     [[nodiscard]] QString launchAtLoginProblem() const;
 
+    [[nodiscard]] bool asksForPings() const;
+    [[nodiscard]] bool pings() const { return pings_; }
+
     // On from the last step is the end.
     Q_INVOKABLE void next();
     Q_INVOKABLE void back();
@@ -69,12 +75,15 @@ public:
     Q_INVOKABLE void finish();
     Q_INVOKABLE void chooseTheme(int theme);
     Q_INVOKABLE void setLaunchAtLogin(bool wanted);
+    // Holds from the end of the onboarding on.
+    Q_INVOKABLE void setPings(bool wanted);
 
 Q_SIGNALS:
     void stepChanged();
     void canGoOnChanged();
     void themeChanged();
     void launchAtLoginChanged();
+    void pingsChanged();
 
 private:
     enum class Step { welcome, firstShortcut, tryIt, gesture, done };
@@ -88,6 +97,7 @@ private:
     FirstShortcut shortcut_;
     FirstPress press_;
     GesturePractice gesture_;
+    bool pings_;
 };
 
 } // namespace skipnest::ui

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "ui/list/KeyedListModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QString>
 #include <qqmlintegration.h>
@@ -13,6 +13,7 @@ struct TargetChoice {
     QString name;
     QString detail; // what it is, or where it lies
 
+    [[nodiscard]] const QString& key() const { return id; }
     bool operator==(const TargetChoice&) const = default;
 };
 

@@ -36,40 +36,36 @@ QString stateName(Availability::State state) {
 } // namespace
 
 AvailabilityRows::AvailabilityRows(const platform::Ports& ports, QObject* parent)
-    : RowModel(parent), ports_(ports) {}
+    : KeyedListModel(parent), ports_(ports) {}
 
 void AvailabilityRows::update() {
-    apply(rows_, std::vector<Row>{
-                     {tr("Shortcuts from everywhere"), ports_.hotkeys.availability()},
-                     {tr("Recording keys"), ports_.keyboardCapture.availability()},
-                     {tr("The desktop's own keys"), ports_.desktopShortcuts.availability()},
-                     {tr("Key gestures"), ports_.keyEvents.availability()},
-                     {tr("Applications"), ports_.workspace.availability()},
-                     {tr("Stepping through windows"), ports_.scripts.availability()},
-                     {tr("Search for targets"), ports_.fileIndex.availability()},
-                     {tr("Icon in the menu bar or tray"), ports_.statusItem.availability()},
-                     {tr("Launch at login"), ports_.loginItem.availability()},
-                     {tr("Entry in file managers"), ports_.servicesMenu.availability()},
-                 });
+    setRows({
+        {tr("Shortcuts from everywhere"), ports_.hotkeys.availability()},
+        {tr("Recording keys"), ports_.keyboardCapture.availability()},
+        {tr("The desktop's own keys"), ports_.desktopShortcuts.availability()},
+        {tr("Key gestures"), ports_.keyEvents.availability()},
+        {tr("Applications"), ports_.workspace.availability()},
+        {tr("Stepping through windows"), ports_.scripts.availability()},
+        {tr("Search for targets"), ports_.fileIndex.availability()},
+        {tr("Icon in the menu bar or tray"), ports_.statusItem.availability()},
+        {tr("Launch at login"), ports_.loginItem.availability()},
+        {tr("Entry in file managers"), ports_.servicesMenu.availability()},
+    });
 }
 
 QString AvailabilityRows::report() const {
     QStringList lines;
-    for (const Row& row : rows_)
+    for (const Row& row : rows())
         lines.append(QString(row.title % u": " % stateName(row.availability.state) % u' ' %
                              row.availability.reason)
                          .trimmed());
     return lines.join(u'\n');
 }
 
-int AvailabilityRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant AvailabilityRows::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case titleRole:
         return row.title;

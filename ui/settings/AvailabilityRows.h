@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Availability.h"
-#include "ui/controls/RowModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <qqmlintegration.h>
 
@@ -12,19 +12,21 @@ struct Ports;
 
 namespace skipnest::ui {
 
+struct AvailabilityRow {
+    QString title;
+    platform::Availability availability;
+
+    [[nodiscard]] const QString& key() const { return title; }
+    bool operator==(const AvailabilityRow&) const = default;
+};
+
 // What works on this machine and in this session, and what to do about what does not.
-class AvailabilityRows final : public RowModel {
+class AvailabilityRows final : public KeyedListModel<AvailabilityRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the settings")
 public:
-    struct Row {
-        QString title;
-        platform::Availability availability;
-
-        [[nodiscard]] const QString& key() const { return title; }
-        bool operator==(const Row&) const = default;
-    };
+    using Row = AvailabilityRow;
 
     AvailabilityRows(const platform::Ports& ports, QObject* parent);
 
@@ -33,7 +35,6 @@ public:
     // One line a row, for a bug report.
     [[nodiscard]] QString report() const;
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
@@ -41,7 +42,6 @@ private:
     enum Role { titleRole = Qt::UserRole, stateRole, reasonRole, remedyRole };
 
     const platform::Ports& ports_;
-    std::vector<Row> rows_;
 };
 
 } // namespace skipnest::ui

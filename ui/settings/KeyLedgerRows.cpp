@@ -71,7 +71,7 @@ QString holderText(const KeyLedger::Row& row) {
 }
 
 KeyLedgerRows::KeyLedgerRows(app::AppDelegate& agent, QObject* parent)
-    : RowModel(parent), agent_(agent) {
+    : KeyedListModel(parent), agent_(agent) {
     connect(&agent.ledger(), &KeyLedger::changed, this, &KeyLedgerRows::update);
     update();
 }
@@ -98,7 +98,7 @@ void KeyLedgerRows::update() {
             }))
             wanted.push_back(std::move(row));
     }
-    apply(rows_, std::move(wanted));
+    setRows(wanted);
     summarize();
 }
 
@@ -119,14 +119,10 @@ void KeyLedgerRows::summarize() {
         Q_EMIT summaryChanged();
 }
 
-int KeyLedgerRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant KeyLedgerRows::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case groupRole:
         return row.group;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "hotkeys/KeyLedger.h"
-#include "ui/controls/RowModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QStringList>
 #include <qqmlintegration.h>
@@ -13,8 +13,19 @@ class AppDelegate;
 
 namespace skipnest::ui {
 
+struct KeyLedgerRow {
+    model::KeyCombo combo;
+    QString group;  // its title
+    QString holder; // "Skipnest: Notes"
+    QStringList keys;
+    bool works = true; // pressing it does what `holder` says
+
+    [[nodiscard]] const model::KeyCombo& key() const { return combo; }
+    bool operator==(const KeyLedgerRow&) const = default;
+};
+
 // Every combo and who has it, in groups: ours, those refused to us, the desktop's.
-class KeyLedgerRows final : public RowModel {
+class KeyLedgerRows final : public KeyedListModel<KeyLedgerRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the settings")
@@ -23,16 +34,7 @@ class KeyLedgerRows final : public RowModel {
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
     Q_PROPERTY(bool hasRefused READ hasRefused NOTIFY summaryChanged)
 public:
-    struct Row {
-        model::KeyCombo combo;
-        QString group;  // its title
-        QString holder; // "Skipnest: Notes"
-        QStringList keys;
-        bool works = true; // pressing it does what `holder` says
-
-        [[nodiscard]] const model::KeyCombo& key() const { return combo; }
-        bool operator==(const Row&) const = default;
-    };
+    using Row = KeyLedgerRow;
 
     explicit KeyLedgerRows(app::AppDelegate& agent, QObject* parent = nullptr);
 
@@ -43,7 +45,6 @@ public:
     [[nodiscard]] bool hasRefused() const { return hasRefused_; }
     void update();
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
@@ -59,7 +60,6 @@ private:
     QString filter_;
     QString summary_;
     bool hasRefused_ = false;
-    std::vector<Row> rows_;
 };
 
 // Who holds a combo, in one line.

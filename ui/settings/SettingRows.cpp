@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/settings/SettingRows.h"
 
+#include "app/AppDelegate.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -9,7 +11,7 @@ namespace skipnest::ui {
 
 SettingRows::SettingRows(const SettingSectionInfo& section, app::AppDelegate& agent,
                          QObject* parent)
-    : RowModel(parent), section_(section), agent_(agent) {}
+    : KeyedListModel(parent), section_(section), agent_(agent) {}
 
 QString SettingRows::title() const {
     return QCoreApplication::translate("Settings", section_.title);
@@ -17,6 +19,14 @@ QString SettingRows::title() const {
 
 bool SettingRows::isToCome() const {
     return section_.feature == SettingSectionInfo::Feature::toCome;
+}
+
+QString SettingRows::note() const {
+    if (isToCome())
+        return tr("Arrives with a later version; your choice is kept.");
+    if (section_.section == SettingSection::privacy && !agent_.webService().isConfigured())
+        return tr("This build has no web service: nothing of this is ever sent.");
+    return {};
 }
 
 void SettingRows::update(const QStringList& words) {
@@ -31,19 +41,15 @@ void SettingRows::update(const QStringList& words) {
         if (all || state.matches(words))
             wanted.push_back(std::move(state));
     }
-    apply(rows_, std::move(wanted));
+    setRows(wanted);
     if (before != count())
         Q_EMIT countChanged();
-}
-
-int SettingRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : count();
 }
 
 QVariant SettingRows::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const SettingState& row = rows_[static_cast<std::size_t>(index.row())];
+    const SettingState& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case nameRole:
         return row.name;

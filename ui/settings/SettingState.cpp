@@ -41,6 +41,11 @@ platform::ModifierStyle styleFor(app::AppDelegate& agent) {
     return modifierStyle(agent.ports().app, agent.ports().defaults);
 }
 
+bool hasOwner(const Setting& setting) {
+    const auto* onOff = std::get_if<DefaultsSwitch>(&setting.binding);
+    return onOff != nullptr && onOff->answer != nullptr;
+}
+
 // Who shows settings hears of these where it hears of those in the document.
 void setDefault(const Setting& setting, const QJsonValue& value, app::AppDelegate& agent) {
     const QString key = QString::fromLatin1(setting.key);
@@ -130,7 +135,10 @@ SettingState settingState(const Setting& setting, app::AppDelegate& agent) {
 void switchSetting(const Setting& setting, bool on, app::AppDelegate& agent) {
     if (const auto* config = std::get_if<SwitchSetting>(&setting.binding))
         agent.viewModel().changeSettings([&](AppConfiguration& c) { config->store(c, on); });
-    else if (std::holds_alternative<DefaultsSwitch>(setting.binding))
+    else if (hasOwner(setting)) {
+        std::get<DefaultsSwitch>(setting.binding).answer(agent, on);
+        Q_EMIT agent.viewModel().settingsChanged();
+    } else if (std::holds_alternative<DefaultsSwitch>(setting.binding))
         setDefault(setting, on, agent);
 }
 
@@ -152,6 +160,9 @@ void setComboSetting(const Setting& setting, const model::KeyCombo& combo,
 }
 
 void resetSetting(const Setting& setting, app::AppDelegate& agent) {
+    if (const auto* onOff = std::get_if<DefaultsSwitch>(&setting.binding);
+        onOff != nullptr && hasOwner(setting))
+        onOff->answer(agent, onOff->whenAbsent(agent.ports().app));
     if (std::holds_alternative<DefaultsSwitch>(setting.binding))
         return setDefault(setting, QJsonValue::Undefined, agent);
     agent.viewModel().changeSettings([&setting](AppConfiguration& c) {

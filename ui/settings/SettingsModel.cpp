@@ -90,12 +90,12 @@ void SettingsModel::update() {
     std::vector<VocabularyRows::Row> terms;
     for (const QString& term : config.vocabularyTerms.value_or(QStringList()))
         terms.push_back({term, {}});
-    terms_->update(std::move(terms));
+    terms_->setRows(terms);
     std::vector<VocabularyRows::Row> aliases;
     for (const model::VocabAlias& alias :
          config.vocabularyAliases.value_or(std::vector<model::VocabAlias>()))
         aliases.push_back({alias.heard, alias.canonical});
-    aliases_->update(std::move(aliases));
+    aliases_->setRows(aliases);
 
     for (const auto& [key, recorder] : recorders_) {
         const auto combo = comboOf(std::get<ComboSetting>(findSetting(key)->binding), config);
@@ -123,12 +123,16 @@ bool SettingsModel::showsKeys() const {
     return isFound(tr("Keys Who has which key"));
 }
 
+bool SettingsModel::showsChallenge() const {
+    return isFound(tr("Global Jump Challenge leaderboard name flag"));
+}
+
 bool SettingsModel::showsAbout() const {
     return isFound(tr("About Version What works here"));
 }
 
 bool SettingsModel::findsNothing() const {
-    return !showsKeys() && !showsAbout() &&
+    return !showsKeys() && !showsChallenge() && !showsAbout() &&
            std::ranges::all_of(sections_, [](const auto& each) { return each->count() == 0; });
 }
 

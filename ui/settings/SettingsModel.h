@@ -34,6 +34,7 @@ class SettingsModel final : public QObject {
     Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(bool findsNothing READ findsNothing NOTIFY filterChanged)
     Q_PROPERTY(bool showsKeys READ showsKeys NOTIFY filterChanged)
+    Q_PROPERTY(bool showsChallenge READ showsChallenge NOTIFY filterChanged)
     Q_PROPERTY(bool showsAbout READ showsAbout NOTIFY filterChanged)
     Q_PROPERTY(QList<QObject*> sections READ sections CONSTANT)
     Q_PROPERTY(skipnest::ui::VocabularyRows* terms READ terms CONSTANT)
@@ -54,6 +55,7 @@ public:
     void setFilter(const QString& filter);
     [[nodiscard]] bool findsNothing() const;
     [[nodiscard]] bool showsKeys() const;
+    [[nodiscard]] bool showsChallenge() const;
     [[nodiscard]] bool showsAbout() const;
     [[nodiscard]] QList<QObject*> sections() const;
     [[nodiscard]] VocabularyRows* terms() const { return terms_.get(); }

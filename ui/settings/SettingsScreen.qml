@@ -116,6 +116,23 @@ ScreenPage {
                 }
             }
 
+            Card {
+                width: parent.width
+                visible: root.settings.showsChallenge
+                title: qsTr("🌍 Global Jump Challenge")
+
+                SettingText {
+                    title: qsTr("Put your jumps on the world leaderboard - anonymous, just a name and a flag.")
+                    description: qsTr("Sends only: name, flag, jumps, minutes, streak.")
+                }
+
+                ActionButton {
+                    objectName: "openChallenge"
+                    text: qsTr("Open the challenge")
+                    onPressed: root.popover.open("challenge")
+                }
+            }
+
             AboutSection {
                 width: parent.width
                 visible: root.settings.showsAbout

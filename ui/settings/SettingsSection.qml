@@ -14,8 +14,9 @@ Card {
     title: section.title
 
     SettingText {
-        visible: card.section.isToCome
-        description: qsTr("Arrives with a later version; your choice is kept.")
+        objectName: card.section.note === "" ? "" : "sectionNote"
+        visible: card.section.note !== ""
+        description: card.section.note
     }
 
     Repeater {
@@ -25,7 +26,7 @@ Card {
         SettingRow {
             Layout.fillWidth: true
             settings: card.settings
-            isFirst: index === 0 && !card.section.isToCome
+            isFirst: index === 0 && card.section.note === ""
         }
         // qmllint enable unqualified
     }

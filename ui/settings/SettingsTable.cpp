@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/settings/SettingsTable.h"
 
+#include "app/AppDelegate.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/HotkeyBackend.h"
 #include "platform/LoginItem.h"
@@ -141,6 +142,12 @@ constexpr ChoiceSetting voiceLanguage{
 constexpr DefaultsSwitch comboGlyphs{
     [](const platform::AppInfo& app) { return app.modifierStyle == ModifierStyle::glyphs; }};
 
+constexpr DefaultsSwitch lessMotion{[](const platform::AppInfo&) { return false; }};
+
+constexpr DefaultsSwitch pings{
+    [](const platform::AppInfo&) { return false; },
+    [](app::AppDelegate& agent, bool on) { agent.pings().setAgreed(on); }};
+
 platform::Availability statusItem(const Ports& ports) {
     return ports.statusItem.availability();
 }
@@ -164,7 +171,7 @@ constexpr auto sectionTable = std::to_array<SettingSectionInfo>({
      SettingSectionInfo::Feature::toCome},
     {capture, QT_TRANSLATE_NOOP("Settings", "Quick capture"), SettingSectionInfo::Feature::toCome},
     {voice, QT_TRANSLATE_NOOP("Settings", "Voice"), SettingSectionInfo::Feature::toCome},
-    {privacy, QT_TRANSLATE_NOOP("Settings", "Privacy"), SettingSectionInfo::Feature::toCome},
+    {privacy, QT_TRANSLATE_NOOP("Settings", "Privacy"), SettingSectionInfo::Feature::here},
 });
 
 constexpr auto settingTable = std::to_array<Setting>({
@@ -179,6 +186,8 @@ constexpr auto settingTable = std::to_array<Setting>({
     {"sk.comboGlyphs", general, QT_TRANSLATE_NOOP("Settings", "Modifier keys as ⌃⌥⇧⌘"),
      QT_TRANSLATE_NOOP("Settings", "Keys are shown as glyphs in place of Ctrl, Alt, Shift, Super."),
      comboGlyphs},
+    {"sk.lessMotion", general, QT_TRANSLATE_NOOP("Settings", "Less motion"),
+     QT_TRANSLATE_NOOP("Settings", "Nothing slides or fades; it is there at once."), lessMotion},
 
     {"shiftToHide", shortcuts, QT_TRANSLATE_NOOP("Settings", "Hide with one more key"),
      QT_TRANSLATE_NOOP("Settings",
@@ -235,8 +244,14 @@ constexpr auto settingTable = std::to_array<Setting>({
 
     {"crashReports", privacy, QT_TRANSLATE_NOOP("Settings", "Send crash reports"),
      QT_TRANSLATE_NOOP("Settings",
-                       "After a crash the place in the program is sent, and nothing of yours."),
+                       "After a crash the place in the program is sent, and nothing of yours. "
+                       "You see the first report before it goes."),
      optionalSwitch<&Config::crashReports, &Config::crashReportsOrDefault>()},
+    {"sk.pings", privacy, QT_TRANSLATE_NOOP("Settings", "Send anonymous usage counts"),
+     QT_TRANSLATE_NOOP("Settings",
+                       "Version, a random number for this installation, your language, how far the "
+                       "first steps got, and whether a spoken jump hit. Never names or texts."),
+     pings},
 });
 
 } // namespace

@@ -13,6 +13,10 @@
 #include <variant>
 #include <vector>
 
+namespace skipnest::app {
+class AppDelegate;
+}
+
 namespace skipnest::ui {
 
 enum class SettingSection { general, shortcuts, switcher, capture, voice, privacy };
@@ -36,6 +40,8 @@ struct SwitchSetting {
 // On or off, in the user defaults under the setting's key.
 struct DefaultsSwitch {
     bool (*whenAbsent)(const platform::AppInfo&);
+    // Whoever acts on the person's answer at once and keeps it; null where nobody does.
+    void (*answer)(app::AppDelegate&, bool on) = nullptr;
 };
 
 struct SettingOption {

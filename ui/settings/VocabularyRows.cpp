@@ -3,14 +3,10 @@
 
 namespace skipnest::ui {
 
-int VocabularyRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant VocabularyRows::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case heardRole:
         return row.heard;

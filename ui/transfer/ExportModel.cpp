@@ -23,14 +23,10 @@ constexpr auto folders = std::to_array<ExportDestination>(
 
 } // namespace
 
-int ExportDestinations::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant ExportDestinations::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case nameRole:
         return row.name;
@@ -66,7 +62,7 @@ void ExportModel::listDestinations() {
         rows.push_back({folder, plainLine(folder.mid(folder.lastIndexOf(u'/') + 1)),
                         exists ? tr("%1 · replaces today's export there").arg(shown) : shown});
     }
-    destinations_.update(std::move(rows));
+    destinations_.setRows(rows);
 }
 
 QString ExportModel::contents() const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Result.h"
-#include "ui/controls/RowModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QString>
 #include <qqmlintegration.h>
@@ -13,31 +13,30 @@ class AppDelegate;
 
 namespace skipnest::ui {
 
+struct ExportDestinationRow {
+    QString folder; // a path
+    QString name;   // the folder's own name
+    QString detail; // where it is, and whether an export of today is there already
+
+    [[nodiscard]] const QString& key() const { return folder; }
+    bool operator==(const ExportDestinationRow&) const = default;
+};
+
 // Where an export can go, in the order of model::ExportDestination.
-class ExportDestinations : public RowModel {
+class ExportDestinations : public KeyedListModel<ExportDestinationRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the export")
 public:
-    struct Row {
-        QString folder; // a path
-        QString name;   // the folder's own name
-        QString detail; // where it is, and whether an export of today is there already
+    using Row = ExportDestinationRow;
 
-        [[nodiscard]] const QString& key() const { return folder; }
-        bool operator==(const Row&) const = default;
-    };
+    using KeyedListModel::KeyedListModel;
 
-    explicit ExportDestinations(QObject* parent) : RowModel(parent) {}
-    void update(std::vector<Row> rows) { apply(rows_, std::move(rows)); }
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:
     enum Role { nameRole = Qt::UserRole, detailRole };
-    std::vector<Row> rows_;
 };
 
 // The export screen: a folder is picked and the file is written there.

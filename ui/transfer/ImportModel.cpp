@@ -52,14 +52,10 @@ QString changes(const ImportReport& report) {
 
 } // namespace
 
-int ImportCandidates::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant ImportCandidates::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = rows()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case pathRole:
         return row.path;
@@ -91,7 +87,7 @@ void ImportModel::refresh() {
                                                  u" · " % folder)
                                        : folder});
     }
-    candidates_.update(std::move(rows));
+    candidates_.setRows(rows);
     chosenPath_.clear();
     document_.reset();
     preview_.clear();

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Result.h"
-#include "ui/controls/RowModel.h"
+#include "ui/controls/KeyedListModel.h"
 
 #include <QByteArray>
 #include <QString>
@@ -20,31 +20,30 @@ struct ImportReport;
 
 namespace skipnest::ui {
 
+struct ImportCandidateRow {
+    QString path;
+    QString name;   // of the file, as one line
+    QString detail; // its date and folder
+
+    [[nodiscard]] const QString& key() const { return path; }
+    bool operator==(const ImportCandidateRow&) const = default;
+};
+
 // Export files that lie where exports are put.
-class ImportCandidates : public RowModel {
+class ImportCandidates : public KeyedListModel<ImportCandidateRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the import")
 public:
-    struct Row {
-        QString path;
-        QString name;   // of the file, as one line
-        QString detail; // its date and folder
+    using Row = ImportCandidateRow;
 
-        [[nodiscard]] const QString& key() const { return path; }
-        bool operator==(const Row&) const = default;
-    };
+    using KeyedListModel::KeyedListModel;
 
-    explicit ImportCandidates(QObject* parent) : RowModel(parent) {}
-    void update(std::vector<Row> rows) { apply(rows_, std::move(rows)); }
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:
     enum Role { pathRole = Qt::UserRole, nameRole, detailRole };
-    std::vector<Row> rows_;
 };
 
 // The import screen: a file is chosen, what it would change is shown, and then it is imported. What

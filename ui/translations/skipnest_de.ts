@@ -25,6 +25,156 @@
     </message>
 </context>
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Skipnest update available</source>
+        <translation>Neue Version von Skipnest verfügbar</translation>
+    </message>
+    <message>
+        <source>Skipnest is up to date</source>
+        <translation>Skipnest ist auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>The check for updates failed</source>
+        <translation>Die Suche nach einer neuen Version ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>%1 is the newest version.</source>
+        <translation>%1 ist die neueste Version.</translation>
+    </message>
+    <message>
+        <source>Check your connection and try again.</source>
+        <translation>Prüfe die Verbindung und versuche es noch einmal.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ChallengeBoardFace</name>
+    <message>
+        <source>Change name or flag</source>
+        <translation>Name oder Flagge ändern</translation>
+    </message>
+    <message>
+        <source>Open web leaderboard</source>
+        <translation>Web-Rangliste öffnen</translation>
+    </message>
+    <message>
+        <source>Leave…</source>
+        <translation>Aussteigen …</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
+    </message>
+    <message>
+        <source>Min.</source>
+        <translation>Min.</translation>
+    </message>
+    <message>
+        <source>Streak</source>
+        <translation>Serie</translation>
+    </message>
+    <message>
+        <source>World leaderboard</source>
+        <translation>Weltrangliste</translation>
+    </message>
+</context>
+<context>
+    <name>ChallengeBoardRow</name>
+    <message>
+        <source>your own entry</source>
+        <translation>eigener Eintrag</translation>
+    </message>
+</context>
+<context>
+    <name>ChallengeForm</name>
+    <message>
+        <source>🌍 Global Jump Challenge</source>
+        <translation>🌍 Globale Sprung-Challenge</translation>
+    </message>
+    <message>
+        <source>Put your jumps on the world leaderboard - anonymous, just a name and a flag.</source>
+        <translation>Die eigenen Sprünge auf der Weltrangliste – anonym, nur ein Name und eine Flagge.</translation>
+    </message>
+    <message>
+        <source>Your name on the board</source>
+        <translation>Name auf der Rangliste</translation>
+    </message>
+    <message>
+        <source>Any name you like</source>
+        <translation>Ein Name nach Wahl</translation>
+    </message>
+    <message>
+        <source>Your flag</source>
+        <translation>Flagge</translation>
+    </message>
+    <message>
+        <source>Sends only: name, flag, jumps, minutes, streak.</source>
+        <translation>Gesendet werden nur: Name, Flagge, Sprünge, Minuten, Serie.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation>Wird geprüft …</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Join</source>
+        <translation>Mitmachen</translation>
+    </message>
+    <message>
+        <source>Open web leaderboard</source>
+        <translation>Web-Rangliste öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>ChallengeLeaveFace</name>
+    <message>
+        <source>Leave the challenge?</source>
+        <translation>Aus der Challenge aussteigen?</translation>
+    </message>
+    <message>
+        <source>Your entry is deleted from the leaderboard, and nothing more is sent. Your own statistics stay here.</source>
+        <translation>Der Eintrag wird von der Rangliste gelöscht, und es wird nichts mehr gesendet. Die eigene Statistik bleibt hier.</translation>
+    </message>
+    <message>
+        <source>Leaving…</source>
+        <translation>Wird gelöscht …</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Aussteigen</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Dabeibleiben</translation>
+    </message>
+</context>
+<context>
+    <name>ChallengeScreen</name>
+    <message>
+        <source>Change name or flag</source>
+        <translation>Name oder Flagge ändern</translation>
+    </message>
+    <message>
+        <source>World leaderboard</source>
+        <translation>Weltrangliste</translation>
+    </message>
+    <message>
+        <source>Read the board again</source>
+        <translation>Rangliste neu laden</translation>
+    </message>
+</context>
+<context>
     <name>ComboField</name>
     <message>
         <source>No key</source>
@@ -79,6 +229,1047 @@
     </message>
 </context>
 <context>
+    <name>Countries</name>
+    <message>
+        <source>Andorra</source>
+        <translation>Andorra</translation>
+    </message>
+    <message>
+        <source>United Arab Emirates</source>
+        <translation>Vereinigte Arabische Emirate</translation>
+    </message>
+    <message>
+        <source>Afghanistan</source>
+        <translation>Afghanistan</translation>
+    </message>
+    <message>
+        <source>Antigua &amp; Barbuda</source>
+        <translation>Antigua und Barbuda</translation>
+    </message>
+    <message>
+        <source>Anguilla</source>
+        <translation>Anguilla</translation>
+    </message>
+    <message>
+        <source>Albania</source>
+        <translation>Albanien</translation>
+    </message>
+    <message>
+        <source>Armenia</source>
+        <translation>Armenien</translation>
+    </message>
+    <message>
+        <source>Angola</source>
+        <translation>Angola</translation>
+    </message>
+    <message>
+        <source>Antarctica</source>
+        <translation>Antarktis</translation>
+    </message>
+    <message>
+        <source>Argentina</source>
+        <translation>Argentinien</translation>
+    </message>
+    <message>
+        <source>American Samoa</source>
+        <translation>Amerikanisch-Samoa</translation>
+    </message>
+    <message>
+        <source>Austria</source>
+        <translation>Österreich</translation>
+    </message>
+    <message>
+        <source>Australia</source>
+        <translation>Australien</translation>
+    </message>
+    <message>
+        <source>Aruba</source>
+        <translation>Aruba</translation>
+    </message>
+    <message>
+        <source>Åland Islands</source>
+        <translation>Ålandinseln</translation>
+    </message>
+    <message>
+        <source>Azerbaijan</source>
+        <translation>Aserbaidschan</translation>
+    </message>
+    <message>
+        <source>Bosnia &amp; Herzegovina</source>
+        <translation>Bosnien und Herzegowina</translation>
+    </message>
+    <message>
+        <source>Barbados</source>
+        <translation>Barbados</translation>
+    </message>
+    <message>
+        <source>Bangladesh</source>
+        <translation>Bangladesch</translation>
+    </message>
+    <message>
+        <source>Belgium</source>
+        <translation>Belgien</translation>
+    </message>
+    <message>
+        <source>Burkina Faso</source>
+        <translation>Burkina Faso</translation>
+    </message>
+    <message>
+        <source>Bulgaria</source>
+        <translation>Bulgarien</translation>
+    </message>
+    <message>
+        <source>Bahrain</source>
+        <translation>Bahrain</translation>
+    </message>
+    <message>
+        <source>Burundi</source>
+        <translation>Burundi</translation>
+    </message>
+    <message>
+        <source>Benin</source>
+        <translation>Benin</translation>
+    </message>
+    <message>
+        <source>St. Barthélemy</source>
+        <translation>St. Barthélemy</translation>
+    </message>
+    <message>
+        <source>Bermuda</source>
+        <translation>Bermuda</translation>
+    </message>
+    <message>
+        <source>Brunei</source>
+        <translation>Brunei</translation>
+    </message>
+    <message>
+        <source>Bolivia</source>
+        <translation>Bolivien</translation>
+    </message>
+    <message>
+        <source>Caribbean Netherlands</source>
+        <translation>Karibische Niederlande</translation>
+    </message>
+    <message>
+        <source>Brazil</source>
+        <translation>Brasilien</translation>
+    </message>
+    <message>
+        <source>Bahamas</source>
+        <translation>Bahamas</translation>
+    </message>
+    <message>
+        <source>Bhutan</source>
+        <translation>Bhutan</translation>
+    </message>
+    <message>
+        <source>Bouvet Island</source>
+        <translation>Bouvetinsel</translation>
+    </message>
+    <message>
+        <source>Botswana</source>
+        <translation>Botsuana</translation>
+    </message>
+    <message>
+        <source>Belarus</source>
+        <translation>Belarus</translation>
+    </message>
+    <message>
+        <source>Belize</source>
+        <translation>Belize</translation>
+    </message>
+    <message>
+        <source>Canada</source>
+        <translation>Kanada</translation>
+    </message>
+    <message>
+        <source>Cocos Islands</source>
+        <translation>Kokosinseln</translation>
+    </message>
+    <message>
+        <source>Congo - Kinshasa</source>
+        <translation>Kongo-Kinshasa</translation>
+    </message>
+    <message>
+        <source>Central African Republic</source>
+        <translation>Zentralafrikanische Republik</translation>
+    </message>
+    <message>
+        <source>Congo - Brazzaville</source>
+        <translation>Kongo-Brazzaville</translation>
+    </message>
+    <message>
+        <source>Switzerland</source>
+        <translation>Schweiz</translation>
+    </message>
+    <message>
+        <source>Côte d&apos;Ivoire</source>
+        <translation>Elfenbeinküste</translation>
+    </message>
+    <message>
+        <source>Cook Islands</source>
+        <translation>Cookinseln</translation>
+    </message>
+    <message>
+        <source>Chile</source>
+        <translation>Chile</translation>
+    </message>
+    <message>
+        <source>Cameroon</source>
+        <translation>Kamerun</translation>
+    </message>
+    <message>
+        <source>China</source>
+        <translation>China</translation>
+    </message>
+    <message>
+        <source>Colombia</source>
+        <translation>Kolumbien</translation>
+    </message>
+    <message>
+        <source>Costa Rica</source>
+        <translation>Costa Rica</translation>
+    </message>
+    <message>
+        <source>Cuba</source>
+        <translation>Kuba</translation>
+    </message>
+    <message>
+        <source>Cape Verde</source>
+        <translation>Kap Verde</translation>
+    </message>
+    <message>
+        <source>Curaçao</source>
+        <translation>Curaçao</translation>
+    </message>
+    <message>
+        <source>Christmas Island</source>
+        <translation>Weihnachtsinsel</translation>
+    </message>
+    <message>
+        <source>Cyprus</source>
+        <translation>Zypern</translation>
+    </message>
+    <message>
+        <source>Czechia</source>
+        <translation>Tschechien</translation>
+    </message>
+    <message>
+        <source>Germany</source>
+        <translation>Deutschland</translation>
+    </message>
+    <message>
+        <source>Djibouti</source>
+        <translation>Dschibuti</translation>
+    </message>
+    <message>
+        <source>Denmark</source>
+        <translation>Dänemark</translation>
+    </message>
+    <message>
+        <source>Dominica</source>
+        <translation>Dominica</translation>
+    </message>
+    <message>
+        <source>Dominican Republic</source>
+        <translation>Dominikanische Republik</translation>
+    </message>
+    <message>
+        <source>Algeria</source>
+        <translation>Algerien</translation>
+    </message>
+    <message>
+        <source>Ecuador</source>
+        <translation>Ecuador</translation>
+    </message>
+    <message>
+        <source>Estonia</source>
+        <translation>Estland</translation>
+    </message>
+    <message>
+        <source>Egypt</source>
+        <translation>Ägypten</translation>
+    </message>
+    <message>
+        <source>Western Sahara</source>
+        <translation>Westsahara</translation>
+    </message>
+    <message>
+        <source>Eritrea</source>
+        <translation>Eritrea</translation>
+    </message>
+    <message>
+        <source>Spain</source>
+        <translation>Spanien</translation>
+    </message>
+    <message>
+        <source>Ethiopia</source>
+        <translation>Äthiopien</translation>
+    </message>
+    <message>
+        <source>Finland</source>
+        <translation>Finnland</translation>
+    </message>
+    <message>
+        <source>Fiji</source>
+        <translation>Fidschi</translation>
+    </message>
+    <message>
+        <source>Falkland Islands</source>
+        <translation>Falklandinseln</translation>
+    </message>
+    <message>
+        <source>Micronesia</source>
+        <translation>Mikronesien</translation>
+    </message>
+    <message>
+        <source>Faroe Islands</source>
+        <translation>Färöer</translation>
+    </message>
+    <message>
+        <source>France</source>
+        <translation>Frankreich</translation>
+    </message>
+    <message>
+        <source>Gabon</source>
+        <translation>Gabun</translation>
+    </message>
+    <message>
+        <source>United Kingdom</source>
+        <translation>Vereinigtes Königreich</translation>
+    </message>
+    <message>
+        <source>Grenada</source>
+        <translation>Grenada</translation>
+    </message>
+    <message>
+        <source>Georgia</source>
+        <translation>Georgien</translation>
+    </message>
+    <message>
+        <source>French Guiana</source>
+        <translation>Französisch-Guayana</translation>
+    </message>
+    <message>
+        <source>Guernsey</source>
+        <translation>Guernsey</translation>
+    </message>
+    <message>
+        <source>Ghana</source>
+        <translation>Ghana</translation>
+    </message>
+    <message>
+        <source>Gibraltar</source>
+        <translation>Gibraltar</translation>
+    </message>
+    <message>
+        <source>Greenland</source>
+        <translation>Grönland</translation>
+    </message>
+    <message>
+        <source>Gambia</source>
+        <translation>Gambia</translation>
+    </message>
+    <message>
+        <source>Guinea</source>
+        <translation>Guinea</translation>
+    </message>
+    <message>
+        <source>Guadeloupe</source>
+        <translation>Guadeloupe</translation>
+    </message>
+    <message>
+        <source>Equatorial Guinea</source>
+        <translation>Äquatorialguinea</translation>
+    </message>
+    <message>
+        <source>Greece</source>
+        <translation>Griechenland</translation>
+    </message>
+    <message>
+        <source>South Georgia &amp; South Sandwich Islands</source>
+        <translation>Südgeorgien und die Südlichen Sandwichinseln</translation>
+    </message>
+    <message>
+        <source>Guatemala</source>
+        <translation>Guatemala</translation>
+    </message>
+    <message>
+        <source>Guam</source>
+        <translation>Guam</translation>
+    </message>
+    <message>
+        <source>Guinea-Bissau</source>
+        <translation>Guinea-Bissau</translation>
+    </message>
+    <message>
+        <source>Guyana</source>
+        <translation>Guyana</translation>
+    </message>
+    <message>
+        <source>Hong Kong</source>
+        <translation>Hongkong</translation>
+    </message>
+    <message>
+        <source>Heard &amp; McDonald Islands</source>
+        <translation>Heard und McDonaldinseln</translation>
+    </message>
+    <message>
+        <source>Honduras</source>
+        <translation>Honduras</translation>
+    </message>
+    <message>
+        <source>Croatia</source>
+        <translation>Kroatien</translation>
+    </message>
+    <message>
+        <source>Haiti</source>
+        <translation>Haiti</translation>
+    </message>
+    <message>
+        <source>Hungary</source>
+        <translation>Ungarn</translation>
+    </message>
+    <message>
+        <source>Indonesia</source>
+        <translation>Indonesien</translation>
+    </message>
+    <message>
+        <source>Ireland</source>
+        <translation>Irland</translation>
+    </message>
+    <message>
+        <source>Israel</source>
+        <translation>Israel</translation>
+    </message>
+    <message>
+        <source>Isle of Man</source>
+        <translation>Isle of Man</translation>
+    </message>
+    <message>
+        <source>India</source>
+        <translation>Indien</translation>
+    </message>
+    <message>
+        <source>British Indian Ocean Territory</source>
+        <translation>Britisches Territorium im Indischen Ozean</translation>
+    </message>
+    <message>
+        <source>Iraq</source>
+        <translation>Irak</translation>
+    </message>
+    <message>
+        <source>Iran</source>
+        <translation>Iran</translation>
+    </message>
+    <message>
+        <source>Iceland</source>
+        <translation>Island</translation>
+    </message>
+    <message>
+        <source>Italy</source>
+        <translation>Italien</translation>
+    </message>
+    <message>
+        <source>Jersey</source>
+        <translation>Jersey</translation>
+    </message>
+    <message>
+        <source>Jamaica</source>
+        <translation>Jamaika</translation>
+    </message>
+    <message>
+        <source>Jordan</source>
+        <translation>Jordanien</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>Japan</translation>
+    </message>
+    <message>
+        <source>Kenya</source>
+        <translation>Kenia</translation>
+    </message>
+    <message>
+        <source>Kyrgyzstan</source>
+        <translation>Kirgisistan</translation>
+    </message>
+    <message>
+        <source>Cambodia</source>
+        <translation>Kambodscha</translation>
+    </message>
+    <message>
+        <source>Kiribati</source>
+        <translation>Kiribati</translation>
+    </message>
+    <message>
+        <source>Comoros</source>
+        <translation>Komoren</translation>
+    </message>
+    <message>
+        <source>St. Kitts &amp; Nevis</source>
+        <translation>St. Kitts und Nevis</translation>
+    </message>
+    <message>
+        <source>North Korea</source>
+        <translation>Nordkorea</translation>
+    </message>
+    <message>
+        <source>South Korea</source>
+        <translation>Südkorea</translation>
+    </message>
+    <message>
+        <source>Kuwait</source>
+        <translation>Kuwait</translation>
+    </message>
+    <message>
+        <source>Cayman Islands</source>
+        <translation>Kaimaninseln</translation>
+    </message>
+    <message>
+        <source>Kazakhstan</source>
+        <translation>Kasachstan</translation>
+    </message>
+    <message>
+        <source>Laos</source>
+        <translation>Laos</translation>
+    </message>
+    <message>
+        <source>Lebanon</source>
+        <translation>Libanon</translation>
+    </message>
+    <message>
+        <source>St. Lucia</source>
+        <translation>St. Lucia</translation>
+    </message>
+    <message>
+        <source>Liechtenstein</source>
+        <translation>Liechtenstein</translation>
+    </message>
+    <message>
+        <source>Sri Lanka</source>
+        <translation>Sri Lanka</translation>
+    </message>
+    <message>
+        <source>Liberia</source>
+        <translation>Liberia</translation>
+    </message>
+    <message>
+        <source>Lesotho</source>
+        <translation>Lesotho</translation>
+    </message>
+    <message>
+        <source>Lithuania</source>
+        <translation>Litauen</translation>
+    </message>
+    <message>
+        <source>Luxembourg</source>
+        <translation>Luxemburg</translation>
+    </message>
+    <message>
+        <source>Latvia</source>
+        <translation>Lettland</translation>
+    </message>
+    <message>
+        <source>Libya</source>
+        <translation>Libyen</translation>
+    </message>
+    <message>
+        <source>Morocco</source>
+        <translation>Marokko</translation>
+    </message>
+    <message>
+        <source>Monaco</source>
+        <translation>Monaco</translation>
+    </message>
+    <message>
+        <source>Moldova</source>
+        <translation>Moldau</translation>
+    </message>
+    <message>
+        <source>Montenegro</source>
+        <translation>Montenegro</translation>
+    </message>
+    <message>
+        <source>St. Martin</source>
+        <translation>St. Martin</translation>
+    </message>
+    <message>
+        <source>Madagascar</source>
+        <translation>Madagaskar</translation>
+    </message>
+    <message>
+        <source>Marshall Islands</source>
+        <translation>Marshallinseln</translation>
+    </message>
+    <message>
+        <source>North Macedonia</source>
+        <translation>Nordmazedonien</translation>
+    </message>
+    <message>
+        <source>Mali</source>
+        <translation>Mali</translation>
+    </message>
+    <message>
+        <source>Myanmar</source>
+        <translation>Myanmar</translation>
+    </message>
+    <message>
+        <source>Mongolia</source>
+        <translation>Mongolei</translation>
+    </message>
+    <message>
+        <source>Macao</source>
+        <translation>Macau</translation>
+    </message>
+    <message>
+        <source>Northern Mariana Islands</source>
+        <translation>Nördliche Marianen</translation>
+    </message>
+    <message>
+        <source>Martinique</source>
+        <translation>Martinique</translation>
+    </message>
+    <message>
+        <source>Mauritania</source>
+        <translation>Mauretanien</translation>
+    </message>
+    <message>
+        <source>Montserrat</source>
+        <translation>Montserrat</translation>
+    </message>
+    <message>
+        <source>Malta</source>
+        <translation>Malta</translation>
+    </message>
+    <message>
+        <source>Mauritius</source>
+        <translation>Mauritius</translation>
+    </message>
+    <message>
+        <source>Maldives</source>
+        <translation>Malediven</translation>
+    </message>
+    <message>
+        <source>Malawi</source>
+        <translation>Malawi</translation>
+    </message>
+    <message>
+        <source>Mexico</source>
+        <translation>Mexiko</translation>
+    </message>
+    <message>
+        <source>Malaysia</source>
+        <translation>Malaysia</translation>
+    </message>
+    <message>
+        <source>Mozambique</source>
+        <translation>Mosambik</translation>
+    </message>
+    <message>
+        <source>Namibia</source>
+        <translation>Namibia</translation>
+    </message>
+    <message>
+        <source>New Caledonia</source>
+        <translation>Neukaledonien</translation>
+    </message>
+    <message>
+        <source>Niger</source>
+        <translation>Niger</translation>
+    </message>
+    <message>
+        <source>Norfolk Island</source>
+        <translation>Norfolkinsel</translation>
+    </message>
+    <message>
+        <source>Nigeria</source>
+        <translation>Nigeria</translation>
+    </message>
+    <message>
+        <source>Nicaragua</source>
+        <translation>Nicaragua</translation>
+    </message>
+    <message>
+        <source>Netherlands</source>
+        <translation>Niederlande</translation>
+    </message>
+    <message>
+        <source>Norway</source>
+        <translation>Norwegen</translation>
+    </message>
+    <message>
+        <source>Nepal</source>
+        <translation>Nepal</translation>
+    </message>
+    <message>
+        <source>Nauru</source>
+        <translation>Nauru</translation>
+    </message>
+    <message>
+        <source>Niue</source>
+        <translation>Niue</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>Neuseeland</translation>
+    </message>
+    <message>
+        <source>Oman</source>
+        <translation>Oman</translation>
+    </message>
+    <message>
+        <source>Panama</source>
+        <translation>Panama</translation>
+    </message>
+    <message>
+        <source>Peru</source>
+        <translation>Peru</translation>
+    </message>
+    <message>
+        <source>French Polynesia</source>
+        <translation>Französisch-Polynesien</translation>
+    </message>
+    <message>
+        <source>Papua New Guinea</source>
+        <translation>Papua-Neuguinea</translation>
+    </message>
+    <message>
+        <source>Philippines</source>
+        <translation>Philippinen</translation>
+    </message>
+    <message>
+        <source>Pakistan</source>
+        <translation>Pakistan</translation>
+    </message>
+    <message>
+        <source>Poland</source>
+        <translation>Polen</translation>
+    </message>
+    <message>
+        <source>St. Pierre &amp; Miquelon</source>
+        <translation>St. Pierre und Miquelon</translation>
+    </message>
+    <message>
+        <source>Pitcairn Islands</source>
+        <translation>Pitcairninseln</translation>
+    </message>
+    <message>
+        <source>Puerto Rico</source>
+        <translation>Puerto Rico</translation>
+    </message>
+    <message>
+        <source>Palestine</source>
+        <translation>Palästina</translation>
+    </message>
+    <message>
+        <source>Portugal</source>
+        <translation>Portugal</translation>
+    </message>
+    <message>
+        <source>Palau</source>
+        <translation>Palau</translation>
+    </message>
+    <message>
+        <source>Paraguay</source>
+        <translation>Paraguay</translation>
+    </message>
+    <message>
+        <source>Qatar</source>
+        <translation>Katar</translation>
+    </message>
+    <message>
+        <source>Réunion</source>
+        <translation>Réunion</translation>
+    </message>
+    <message>
+        <source>Romania</source>
+        <translation>Rumänien</translation>
+    </message>
+    <message>
+        <source>Serbia</source>
+        <translation>Serbien</translation>
+    </message>
+    <message>
+        <source>Russia</source>
+        <translation>Russland</translation>
+    </message>
+    <message>
+        <source>Rwanda</source>
+        <translation>Ruanda</translation>
+    </message>
+    <message>
+        <source>Saudi Arabia</source>
+        <translation>Saudi-Arabien</translation>
+    </message>
+    <message>
+        <source>Solomon Islands</source>
+        <translation>Salomonen</translation>
+    </message>
+    <message>
+        <source>Seychelles</source>
+        <translation>Seychellen</translation>
+    </message>
+    <message>
+        <source>Sudan</source>
+        <translation>Sudan</translation>
+    </message>
+    <message>
+        <source>Sweden</source>
+        <translation>Schweden</translation>
+    </message>
+    <message>
+        <source>Singapore</source>
+        <translation>Singapur</translation>
+    </message>
+    <message>
+        <source>St. Helena</source>
+        <translation>St. Helena</translation>
+    </message>
+    <message>
+        <source>Slovenia</source>
+        <translation>Slowenien</translation>
+    </message>
+    <message>
+        <source>Svalbard &amp; Jan Mayen</source>
+        <translation>Spitzbergen und Jan Mayen</translation>
+    </message>
+    <message>
+        <source>Slovakia</source>
+        <translation>Slowakei</translation>
+    </message>
+    <message>
+        <source>Sierra Leone</source>
+        <translation>Sierra Leone</translation>
+    </message>
+    <message>
+        <source>San Marino</source>
+        <translation>San Marino</translation>
+    </message>
+    <message>
+        <source>Senegal</source>
+        <translation>Senegal</translation>
+    </message>
+    <message>
+        <source>Somalia</source>
+        <translation>Somalia</translation>
+    </message>
+    <message>
+        <source>Suriname</source>
+        <translation>Suriname</translation>
+    </message>
+    <message>
+        <source>South Sudan</source>
+        <translation>Südsudan</translation>
+    </message>
+    <message>
+        <source>São Tomé &amp; Príncipe</source>
+        <translation>São Tomé und Príncipe</translation>
+    </message>
+    <message>
+        <source>El Salvador</source>
+        <translation>El Salvador</translation>
+    </message>
+    <message>
+        <source>Sint Maarten</source>
+        <translation>Sint Maarten</translation>
+    </message>
+    <message>
+        <source>Syria</source>
+        <translation>Syrien</translation>
+    </message>
+    <message>
+        <source>Eswatini</source>
+        <translation>Eswatini</translation>
+    </message>
+    <message>
+        <source>Turks &amp; Caicos Islands</source>
+        <translation>Turks- und Caicosinseln</translation>
+    </message>
+    <message>
+        <source>Chad</source>
+        <translation>Tschad</translation>
+    </message>
+    <message>
+        <source>French Southern Territories</source>
+        <translation>Französische Süd- und Antarktisgebiete</translation>
+    </message>
+    <message>
+        <source>Togo</source>
+        <translation>Togo</translation>
+    </message>
+    <message>
+        <source>Thailand</source>
+        <translation>Thailand</translation>
+    </message>
+    <message>
+        <source>Tajikistan</source>
+        <translation>Tadschikistan</translation>
+    </message>
+    <message>
+        <source>Tokelau</source>
+        <translation>Tokelau</translation>
+    </message>
+    <message>
+        <source>Timor-Leste</source>
+        <translation>Timor-Leste</translation>
+    </message>
+    <message>
+        <source>Turkmenistan</source>
+        <translation>Turkmenistan</translation>
+    </message>
+    <message>
+        <source>Tunisia</source>
+        <translation>Tunesien</translation>
+    </message>
+    <message>
+        <source>Tonga</source>
+        <translation>Tonga</translation>
+    </message>
+    <message>
+        <source>Türkiye</source>
+        <translation>Türkei</translation>
+    </message>
+    <message>
+        <source>Trinidad &amp; Tobago</source>
+        <translation>Trinidad und Tobago</translation>
+    </message>
+    <message>
+        <source>Tuvalu</source>
+        <translation>Tuvalu</translation>
+    </message>
+    <message>
+        <source>Taiwan</source>
+        <translation>Taiwan</translation>
+    </message>
+    <message>
+        <source>Tanzania</source>
+        <translation>Tansania</translation>
+    </message>
+    <message>
+        <source>Ukraine</source>
+        <translation>Ukraine</translation>
+    </message>
+    <message>
+        <source>Uganda</source>
+        <translation>Uganda</translation>
+    </message>
+    <message>
+        <source>U.S. Outlying Islands</source>
+        <translation>Amerikanische Überseeinseln</translation>
+    </message>
+    <message>
+        <source>United States</source>
+        <translation>Vereinigte Staaten</translation>
+    </message>
+    <message>
+        <source>Uruguay</source>
+        <translation>Uruguay</translation>
+    </message>
+    <message>
+        <source>Uzbekistan</source>
+        <translation>Usbekistan</translation>
+    </message>
+    <message>
+        <source>Vatican City</source>
+        <translation>Vatikanstadt</translation>
+    </message>
+    <message>
+        <source>St. Vincent &amp; Grenadines</source>
+        <translation>St. Vincent und die Grenadinen</translation>
+    </message>
+    <message>
+        <source>Venezuela</source>
+        <translation>Venezuela</translation>
+    </message>
+    <message>
+        <source>British Virgin Islands</source>
+        <translation>Britische Jungferninseln</translation>
+    </message>
+    <message>
+        <source>U.S. Virgin Islands</source>
+        <translation>Amerikanische Jungferninseln</translation>
+    </message>
+    <message>
+        <source>Vietnam</source>
+        <translation>Vietnam</translation>
+    </message>
+    <message>
+        <source>Vanuatu</source>
+        <translation>Vanuatu</translation>
+    </message>
+    <message>
+        <source>Wallis &amp; Futuna</source>
+        <translation>Wallis und Futuna</translation>
+    </message>
+    <message>
+        <source>Samoa</source>
+        <translation>Samoa</translation>
+    </message>
+    <message>
+        <source>Yemen</source>
+        <translation>Jemen</translation>
+    </message>
+    <message>
+        <source>Mayotte</source>
+        <translation>Mayotte</translation>
+    </message>
+    <message>
+        <source>South Africa</source>
+        <translation>Südafrika</translation>
+    </message>
+    <message>
+        <source>Zambia</source>
+        <translation>Sambia</translation>
+    </message>
+    <message>
+        <source>Zimbabwe</source>
+        <translation>Simbabwe</translation>
+    </message>
+</context>
+<context>
+    <name>CountryField</name>
+    <message>
+        <source>Choose a country</source>
+        <translation>Land wählen</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>No country begins like that.</source>
+        <translation>Kein Land beginnt so.</translation>
+    </message>
+</context>
+<context>
+    <name>CrashScreen</name>
+    <message>
+        <source>Crash report</source>
+        <translation>Absturzbericht</translation>
+    </message>
+    <message>
+        <source>Skipnest quit unexpectedly last time. This report would help to mend it.</source>
+        <translation>Skipnest wurde zuletzt unerwartet beendet. Dieser Bericht würde helfen, den Fehler zu beheben.</translation>
+    </message>
+    <message>
+        <source>Exactly this would be sent:</source>
+        <translation>Genau das würde gesendet:</translation>
+    </message>
+    <message>
+        <source>No file names, no texts and no keys of yours. Once you have sent one, later reports go without asking; the settings turn them off.</source>
+        <translation>Keine Dateinamen, keine Texte und keine Tasten von dir. Nach dem ersten Bericht gehen weitere ohne Rückfrage ab; in den Einstellungen lässt sich das ausschalten.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t send</source>
+        <translation>Nicht senden</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+</context>
+<context>
     <name>DoneStep</name>
     <message>
         <source>All set</source>
@@ -107,6 +1298,14 @@
     <message>
         <source>Your keys work as soon as you have logged in.</source>
         <translation>Die Kürzel wirken dann gleich nach der Anmeldung.</translation>
+    </message>
+    <message>
+        <source>Send anonymous usage counts</source>
+        <translation>Anonyme Nutzungszahlen senden</translation>
+    </message>
+    <message>
+        <source>Only if you like: the version, a random number for this installation and how far the first steps got. Never names or texts.</source>
+        <translation>Nur wenn du magst: die Version, eine Zufallszahl für diese Installation und wie weit die ersten Schritte kamen. Nie Namen oder Texte.</translation>
     </message>
 </context>
 <context>
@@ -241,10 +1440,6 @@
         <translation>E-Mail-Adresse, falls eine Antwort gewünscht ist</translation>
     </message>
     <message>
-        <source>This build can&apos;t send feedback yet. Copy the text and send it the way you like.</source>
-        <translation>Diese Ausgabe kann noch keine Rückmeldung senden. Den Text kopieren und auf anderem Weg schicken.</translation>
-    </message>
-    <message>
         <source>Send</source>
         <translation>Senden</translation>
     </message>
@@ -255,6 +1450,10 @@
     <message>
         <source>A message is needed.</source>
         <translation>Eine Nachricht fehlt noch.</translation>
+    </message>
+    <message>
+        <source>This build can&apos;t send feedback. Copy the text and send it the way you like.</source>
+        <translation>Diese Fassung kann keine Rückmeldung senden. Kopiere den Text und schicke ihn, wie du möchtest.</translation>
     </message>
 </context>
 <context>
@@ -498,6 +1697,131 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>MomentLine</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>Moments</name>
+    <message>
+        <source>Your first jump! 🎉</source>
+        <translation>Dein erster Sprung! 🎉</translation>
+    </message>
+    <message>
+        <source>One key, and you were there. That&apos;s the whole magic.</source>
+        <translation>Eine Taste, und du warst da. Das ist der ganze Zauber.</translation>
+    </message>
+    <message>
+        <source>You&apos;re on the world board! 🌍</source>
+        <translation>Du stehst auf der Weltrangliste! 🌍</translation>
+    </message>
+    <message>
+        <source>The Global Jump Challenge counts your jumps now - rank #%1</source>
+        <translation>Die Global Jump Challenge zählt jetzt deine Sprünge - Platz %1</translation>
+    </message>
+    <message>
+        <source>Top 100 worldwide! 🌍</source>
+        <translation>Top 100 weltweit! 🌍</translation>
+    </message>
+    <message>
+        <source>Rank #%1 of %2 challengers.</source>
+        <translation>Platz %1 unter %2 Teilnehmern.</translation>
+    </message>
+    <message>
+        <source>Top 10 in the world! 🏆</source>
+        <translation>Top 10 der Welt! 🏆</translation>
+    </message>
+    <message>
+        <source>Rank #%1 of %2 - elite jumper.</source>
+        <translation>Platz %1 von %2 - Spitzenklasse.</translation>
+    </message>
+    <message>
+        <source>You&apos;re on the podium! 🏅</source>
+        <translation>Du stehst auf dem Treppchen! 🏅</translation>
+    </message>
+    <message>
+        <source>Rank #%1 worldwide.</source>
+        <translation>Platz %1 weltweit.</translation>
+    </message>
+    <message>
+        <source>#1 in the world! 🥇</source>
+        <translation>Platz 1 der Welt! 🥇</translation>
+    </message>
+    <message>
+        <source>Nobody on the planet jumps more. Respect.</source>
+        <translation>Niemand auf der Welt springt mehr. Respekt.</translation>
+    </message>
+    <message>
+        <source>And away again</source>
+        <translation>Und wieder weg</translation>
+    </message>
+    <message>
+        <source>Add ⇧ to any jump key and the window tucks away again. In, out, one hand.</source>
+        <translation>Mit ⇧ zu einer Sprungtaste verschwindet das Fenster wieder. Hin, weg, mit einer Hand.</translation>
+    </message>
+    <message>
+        <source>A key in two taps</source>
+        <translation>Mit zweimal Tippen eine Taste</translation>
+    </message>
+    <message>
+        <source>Double-tap ⌃ while any app is in front, then press a letter - saved. Same double-tap, then ⌫, removes it again.</source>
+        <translation>Tippe zweimal ⌃, während ein Programm vorn ist, dann einen Buchstaben - gespeichert. Wieder zweimal, dann ⌫, entfernt es.</translation>
+    </message>
+    <message>
+        <source>Drop it in</source>
+        <translation>Einfach ablegen</translation>
+    </message>
+    <message>
+        <source>Drop any file or folder onto the menu-bar icon to give it a key.</source>
+        <translation>Lege eine Datei oder einen Ordner auf dem Symbol in der Leiste ab, um eine Taste dafür zu vergeben.</translation>
+    </message>
+    <message>
+        <source>Say where to</source>
+        <translation>Sag, wohin</translation>
+    </message>
+    <message>
+        <source>Double-tap ⌘ and speak - &quot;Downloads&quot;, &quot;Slack&quot;, anywhere you want to go.</source>
+        <translation>Tippe zweimal ⌘ und sprich - „Downloads“, „Slack“, wohin du willst.</translation>
+    </message>
+    <message>
+        <source>%1 jumps! 🎉</source>
+        <translation>%1 Sprünge! 🎉</translation>
+    </message>
+    <message>
+        <source>That&apos;s %1 of hunting you never did.</source>
+        <translation>Das sind %1 Suchen, die du dir gespart hast.</translation>
+    </message>
+    <message>
+        <source>Reclaimed from window hunting - and counting.</source>
+        <translation>Der Fenstersuche abgewonnen - und es werden mehr.</translation>
+    </message>
+    <message>
+        <source>%1. Nice week.</source>
+        <translation>%1. Gute Woche.</translation>
+    </message>
+    <message>
+        <source>%1 jumps this week ⚡</source>
+        <translation>%1 Sprünge diese Woche ⚡</translation>
+    </message>
+    <message>
+        <source>Good to know</source>
+        <translation>Gut zu wissen</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours saved! 🎉</source>
+        <translation>
+            <numerusform>%n Stunde gespart! 🎉</numerusform>
+            <numerusform>%n Stunden gespart! 🎉</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -878,10 +2202,6 @@
         <translation>Absturzberichte senden</translation>
     </message>
     <message>
-        <source>After a crash the place in the program is sent, and nothing of yours.</source>
-        <translation>Nach einem Absturz wird die Stelle im Programm gesendet und nichts Persönliches.</translation>
-    </message>
-    <message>
         <source>Default: %1</source>
         <translation>Vorgabe: %1</translation>
     </message>
@@ -892,6 +2212,26 @@
     <message>
         <source>off</source>
         <translation>aus</translation>
+    </message>
+    <message>
+        <source>Less motion</source>
+        <translation>Weniger Bewegung</translation>
+    </message>
+    <message>
+        <source>Nothing slides or fades; it is there at once.</source>
+        <translation>Nichts gleitet oder blendet ein; es ist gleich da.</translation>
+    </message>
+    <message>
+        <source>After a crash the place in the program is sent, and nothing of yours. You see the first report before it goes.</source>
+        <translation>Nach einem Absturz wird die Stelle im Programm gesendet, und nichts von dir. Den ersten Bericht siehst du vorher.</translation>
+    </message>
+    <message>
+        <source>Send anonymous usage counts</source>
+        <translation>Anonyme Nutzungszahlen senden</translation>
+    </message>
+    <message>
+        <source>Version, a random number for this installation, your language, how far the first steps got, and whether a spoken jump hit. Never names or texts.</source>
+        <translation>Version, eine Zufallszahl für diese Installation, deine Sprache, wie weit die ersten Schritte kamen und ob ein gesprochener Sprung traf. Nie Namen oder Texte.</translation>
     </message>
 </context>
 <context>
@@ -924,12 +2264,44 @@
         <source>Show all keys</source>
         <translation>Alle Tasten zeigen</translation>
     </message>
+    <message>
+        <source>🌍 Global Jump Challenge</source>
+        <translation>🌍 Global Jump Challenge</translation>
+    </message>
+    <message>
+        <source>Put your jumps on the world leaderboard - anonymous, just a name and a flag.</source>
+        <translation>Bring deine Sprünge auf die Weltrangliste - anonym, nur ein Name und eine Flagge.</translation>
+    </message>
+    <message>
+        <source>Sends only: name, flag, jumps, minutes, streak.</source>
+        <translation>Sendet nur: Name, Flagge, Sprünge, Minuten, Serie.</translation>
+    </message>
+    <message>
+        <source>Open the challenge</source>
+        <translation>Challenge öffnen</translation>
+    </message>
 </context>
 <context>
-    <name>SettingsSection</name>
+    <name>ShareCard</name>
     <message>
-        <source>Arrives with a later version; your choice is kept.</source>
-        <translation>Kommt mit einer späteren Version; die Wahl bleibt erhalten.</translation>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>A picture of this week&apos;s figures. It is made here, and no name of yours is on it.</source>
+        <translation>Ein Bild mit den Zahlen dieser Woche. Es entsteht hier, und kein Name von dir steht darauf.</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Copy picture</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Copy link</source>
+        <translation>Link kopieren</translation>
     </message>
 </context>
 <context>
@@ -984,6 +2356,80 @@
     <message>
         <source>Remove %1</source>
         <translation>%1 entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>Statistics</name>
+    <message numerus="yes">
+        <source>%n-day streak 🔥</source>
+        <translation>
+            <numerusform>%n Tag in Serie 🔥</numerusform>
+            <numerusform>%n Tage in Serie 🔥</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>jumps this week</source>
+        <translation>
+            <numerusform>Sprung diese Woche</numerusform>
+            <numerusform>Sprünge diese Woche</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy</source>
+        <comment>a day as QDate formats it</comment>
+        <translation>d. MMMM yyyy</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln jumps this week</source>
+        <translation>
+            <numerusform>%Ln Sprung diese Woche</numerusform>
+            <numerusform>%Ln Sprünge diese Woche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days, keep it alive today</source>
+        <translation>
+            <numerusform>%n Tag, heute weiter so</numerusform>
+            <numerusform>%n Tage, heute weiter so</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 saved</source>
+        <translation>%1 gespart</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsCard</name>
+    <message>
+        <source>Shows your jumps</source>
+        <translation>Zeigt deine Sprünge</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsScreen</name>
+    <message>
+        <source>Your jumps</source>
+        <translation>Deine Sprünge</translation>
+    </message>
+    <message>
+        <source>saved this week</source>
+        <translation>gespart diese Woche</translation>
+    </message>
+    <message>
+        <source>Week by week</source>
+        <translation>Woche für Woche</translation>
+    </message>
+    <message>
+        <source>Show the board</source>
+        <translation>Zur Rangliste</translation>
+    </message>
+    <message>
+        <source>Take a look</source>
+        <translation>Ansehen</translation>
+    </message>
+    <message>
+        <source>Most used</source>
+        <translation>Am häufigsten</translation>
     </message>
 </context>
 <context>
@@ -1114,6 +2560,13 @@
     </message>
 </context>
 <context>
+    <name>WeekChart</name>
+    <message>
+        <source>Jumps of the last weeks</source>
+        <translation>Sprünge der letzten Wochen</translation>
+    </message>
+</context>
+<context>
     <name>WelcomeStep</name>
     <message>
         <source>Welcome to Skipnest</source>
@@ -1193,6 +2646,103 @@
     <message>
         <source>Entry in file managers</source>
         <translation>Eintrag in Dateiverwaltungen</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ChallengeRows</name>
+    <message numerus="yes">
+        <source>%n jumps, %1, %2</source>
+        <extracomment>%1 and %2 are the texts for minutes and for days in a row.</extracomment>
+        <translation>
+            <numerusform>%n Sprung, %1, %2</numerusform>
+            <numerusform>%n Sprünge, %1, %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minutes saved</source>
+        <translation>
+            <numerusform>%n Minute gespart</numerusform>
+            <numerusform>%n Minuten gespart</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days in a row</source>
+        <translation>
+            <numerusform>%n Tag in Folge</numerusform>
+            <numerusform>%n Tage in Folge</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::ChallengeScreenModel</name>
+    <message numerus="yes">
+        <source>A name is 1 to %n characters that can be seen.</source>
+        <translation>
+            <numerusform>Ein Name hat %n sichtbares Zeichen.</numerusform>
+            <numerusform>Ein Name hat 1 bis %n sichtbare Zeichen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No rank yet</source>
+        <translation>Noch kein Rang</translation>
+    </message>
+    <message>
+        <source>Rank #%1</source>
+        <translation>Rang %1</translation>
+    </message>
+    <message>
+        <source>Rank #%1 of %2</source>
+        <translation>Rang %1 von %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n places up this week</source>
+        <translation>
+            <numerusform>%n Platz gewonnen diese Woche</numerusform>
+            <numerusform>%n Plätze gewonnen diese Woche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n places down this week</source>
+        <translation>
+            <numerusform>%n Platz verloren diese Woche</numerusform>
+            <numerusform>%n Plätze verloren diese Woche</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The board is on its way…</source>
+        <translation>Die Rangliste wird geladen …</translation>
+    </message>
+    <message>
+        <source>Nobody is on the board yet.</source>
+        <translation>Noch steht niemand auf der Rangliste.</translation>
+    </message>
+    <message>
+        <source>The board can&apos;t be reached just now.</source>
+        <translation>Die Rangliste ist gerade nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>The board can&apos;t be reached just now. This is how it was last.</source>
+        <translation>Die Rangliste ist gerade nicht erreichbar. So sah sie zuletzt aus.</translation>
+    </message>
+    <message>
+        <source>That name&apos;s already taken. Try another.</source>
+        <translation>Dieser Name ist schon vergeben. Bitte einen anderen versuchen.</translation>
+    </message>
+    <message>
+        <source>The leaderboard can&apos;t be reached just now, so nothing was changed.</source>
+        <translation>Die Rangliste ist gerade nicht erreichbar, deshalb wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Your entry could not be removed just now, so you are still on the board.</source>
+        <translation>Der Eintrag konnte gerade nicht gelöscht werden und steht noch auf der Rangliste.</translation>
+    </message>
+    <message>
+        <source>Your entry is gone.</source>
+        <translation>Der Eintrag ist gelöscht.</translation>
+    </message>
+    <message>
+        <source>The browser could not be opened.</source>
+        <translation>Der Browser ließ sich nicht öffnen.</translation>
     </message>
 </context>
 <context>
@@ -1528,6 +3078,14 @@
         <source>Show the update</source>
         <translation>Update zeigen</translation>
     </message>
+    <message>
+        <source>Skipnest quit unexpectedly last time</source>
+        <translation>Skipnest wurde zuletzt unerwartet beendet</translation>
+    </message>
+    <message>
+        <source>Show the report</source>
+        <translation>Bericht ansehen</translation>
+    </message>
 </context>
 <context>
     <name>skipnest::ui::OnboardingModel</name>
@@ -1544,6 +3102,17 @@
     </message>
 </context>
 <context>
+    <name>skipnest::ui::SettingRows</name>
+    <message>
+        <source>Arrives with a later version; your choice is kept.</source>
+        <translation>Kommt mit einer späteren Version; deine Wahl bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>This build has no web service: nothing of this is ever sent.</source>
+        <translation>Diese Fassung hat keinen Webdienst: nichts davon wird je gesendet.</translation>
+    </message>
+</context>
+<context>
     <name>skipnest::ui::SettingsModel</name>
     <message>
         <source>Keys Who has which key</source>
@@ -1552,6 +3121,10 @@
     <message>
         <source>About Version What works here</source>
         <translation>Über Version Was hier funktioniert</translation>
+    </message>
+    <message>
+        <source>Global Jump Challenge leaderboard name flag</source>
+        <translation>Global Jump Challenge Weltrangliste Name Flagge</translation>
     </message>
 </context>
 <context>
@@ -1621,6 +3194,117 @@
     </message>
 </context>
 <context>
+    <name>skipnest::ui::StatisticsCardModel</name>
+    <message>
+        <source>Your jumps are counted here</source>
+        <translation>Hier werden deine Sprünge gezählt</translation>
+    </message>
+    <message>
+        <source>Press one of your keys to begin.</source>
+        <translation>Drück eine deiner Tasten, und es geht los.</translation>
+    </message>
+    <message numerus="yes">
+        <source>days, keep it alive today</source>
+        <translation>
+            <numerusform>Tag, heute weiter so</numerusform>
+            <numerusform>Tage, heute weiter so</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>days in a row</source>
+        <translation>
+            <numerusform>Tag in Folge</numerusform>
+            <numerusform>Tage in Folge</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln jumps in all</source>
+        <translation>
+            <numerusform>%Ln Sprung insgesamt</numerusform>
+            <numerusform>%Ln Sprünge insgesamt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln by key</source>
+        <translation>
+            <numerusform>%Ln per Taste</numerusform>
+            <numerusform>%Ln per Taste</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln from the window switcher</source>
+        <translation>
+            <numerusform>%Ln aus dem Fensterwechsler</numerusform>
+            <numerusform>%Ln aus dem Fensterwechsler</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln by voice</source>
+        <translation>
+            <numerusform>%Ln per Stimme</numerusform>
+            <numerusform>%Ln per Stimme</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>since %1</source>
+        <translation>seit dem %1</translation>
+    </message>
+    <message>
+        <source>🌍 Global Jump Challenge</source>
+        <translation>🌍 Global Jump Challenge</translation>
+    </message>
+    <message>
+        <source>🌍 #%1 of %2 in the world</source>
+        <translation>🌍 Platz %1 von %2 weltweit</translation>
+    </message>
+    <message>
+        <source>Put your jumps on the world leaderboard - anonymous, just a name and a flag.</source>
+        <translation>Bring deine Sprünge auf die Weltrangliste - anonym, nur ein Name und eine Flagge.</translation>
+    </message>
+    <message>
+        <source>Your rank comes with the next answer of the board.</source>
+        <translation>Dein Platz kommt mit der nächsten Antwort der Rangliste.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln places up this week</source>
+        <translation>
+            <numerusform>%Ln Platz gewonnen diese Woche</numerusform>
+            <numerusform>%Ln Plätze gewonnen diese Woche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln places down this week</source>
+        <translation>
+            <numerusform>%Ln Platz verloren diese Woche</numerusform>
+            <numerusform>%Ln Plätze verloren diese Woche</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Where you were at the start of the week</source>
+        <translation>Wo du zu Beginn der Woche warst</translation>
+    </message>
+    <message>
+        <source>The picture couldn&apos;t be drawn.</source>
+        <translation>Das Bild konnte nicht gezeichnet werden.</translation>
+    </message>
+    <message>
+        <source>Saved to %1</source>
+        <translation>Gespeichert unter %1</translation>
+    </message>
+    <message>
+        <source>The picture couldn&apos;t be saved: %1</source>
+        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>Das Bild liegt in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>The link is on the clipboard.</source>
+        <translation>Der Link liegt in der Zwischenablage.</translation>
+    </message>
+</context>
+<context>
     <name>skipnest::ui::TargetChooser</name>
     <message>
         <source>Application</source>
@@ -1645,6 +3329,33 @@
     <message>
         <source>Nothing is called “%1”.</source>
         <translation>Nichts heißt „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::WeekBars</name>
+    <message>
+        <source>d MMM</source>
+        <comment>a day as QDate formats it</comment>
+        <translation>d. MMM</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln jumps</source>
+        <translation>
+            <numerusform>%Ln Sprung</numerusform>
+            <numerusform>%Ln Sprünge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>heute</translation>
+    </message>
+    <message>
+        <source>%1 in the seven days to today</source>
+        <translation>%1 in den sieben Tagen bis heute</translation>
+    </message>
+    <message>
+        <source>%1 in the seven days to %2</source>
+        <translation>%1 in den sieben Tagen bis %2</translation>
     </message>
 </context>
 </TS>

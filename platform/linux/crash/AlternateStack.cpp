@@ -12,7 +12,7 @@ namespace {
 
 // What the kernel puts there alone is up to 11 KB with the widest registers; unwinding takes some
 // 5 KB, and a fault in the middle of it starts over further down.
-constexpr std::size_t smallest = 64 * 1024;
+constexpr std::size_t smallest = std::size_t{64} * 1024;
 
 } // namespace
 

@@ -16,6 +16,7 @@ std::uintptr_t programCounter(const ucontext_t& context) {
 // As if the function that was called just now had returned.
 void leaveFunction(ucontext_t& context) {
     auto& registers = context.uc_mcontext.gregs;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a register has no other type
     const auto* top = reinterpret_cast<const greg_t*>(registers[REG_RSP]);
     registers[REG_RIP] = *top;
     registers[REG_RSP] += static_cast<greg_t>(sizeof *top);

@@ -4,15 +4,17 @@
 #include <QAbstractListModel>
 
 #include <algorithm>
-#include <unordered_set>
+#include <concepts>
+#include <type_traits>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 namespace skipnest::ui {
 
-// A list whose rows are known by a key (`row.id`), so that a new state is told to the views as the
-// removals, moves, insertions and changes that lead to it: what did not change keeps its delegate,
-// the scroll position and the keyboard's row.
+// A list whose rows are known by a key (Row::key(), which can be hashed), so that a new state is
+// told to the views as the removals, moves, insertions and changes that lead to it: what did not
+// change keeps its delegate, the scroll position and the keyboard's row.
 template <typename Row> class KeyedListModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
@@ -21,14 +23,11 @@ public:
         return parent.isValid() ? 0 : static_cast<int>(rows_.size());
     }
     [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
-    // -1 where there is none.
-    template <typename Id> [[nodiscard]] int rowOf(const Id& id) const {
-        const auto found = std::ranges::find(rows_, id, &Row::id);
-        return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
-    }
+    // The first of this key; -1 where there is none.
+    [[nodiscard]] int rowOf(const auto& key) const { return placeOf(rows_, key, 0); }
 
-    // Each key once.
-    void setRows(const std::vector<Row>& rows) {
+    // A key that is there twice is kept twice, in the order given.
+    void setRows(const std::vector<Row>& rows) requires std::equality_comparable<Row> {
         removeAllBut(rows);
         for (std::size_t i = 0; i < rows.size(); ++i)
             putInPlace(rows, i);
@@ -46,16 +45,33 @@ public:
         endMoveRows();
     }
 
+protected:
+    [[nodiscard]] const Row& at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
+
 private:
-    using Id = decltype(Row::id);
+    using Key = std::remove_cvref_t<decltype(std::declval<const Row&>().key())>;
+
+    [[nodiscard]] static int placeOf(const std::vector<Row>& rows, const auto& key,
+                                     std::size_t from) {
+        const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(from);
+        const auto found =
+            std::find_if(begin, rows.end(), [&key](const Row& row) { return row.key() == key; });
+        return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    }
 
     void removeAllBut(const std::vector<Row>& rows) {
-        std::unordered_set<Id> kept;
+        std::unordered_map<Key, int> wanted;
         for (const Row& row : rows)
-            kept.insert(row.id);
+            ++wanted[row.key()];
+        std::vector<bool> isKept;
+        isKept.reserve(rows_.size());
+        for (const Row& row : rows_) {
+            const auto found = wanted.find(row.key());
+            isKept.push_back(found != wanted.end() && found->second-- > 0);
+        }
         for (int last = rowCount() - 1; last >= 0; --last) {
             int first = last;
-            while (first >= 0 && !kept.contains(at(first).id))
+            while (first >= 0 && !isKept[static_cast<std::size_t>(first)])
                 --first;
             if (first == last)
                 continue;
@@ -68,17 +84,17 @@ private:
 
     // Rows before `i` are in place already.
     void putInPlace(const std::vector<Row>& rows, std::size_t i) {
-        const Id& wanted = rows[i].id;
-        if (i < rows_.size() && rows_[i].id == wanted)
+        const Key& wanted = rows[i].key();
+        if (i < rows_.size() && rows_[i].key() == wanted)
             return;
         const int here = static_cast<int>(i);
         // One row that went further down would otherwise be told as many that went up.
-        if (i + 1 < rows_.size() && rows_[i + 1].id == wanted) {
-            const auto place = std::ranges::find(rows, rows_[i].id, &Row::id) - rows.begin();
-            moveRow(here, std::min(static_cast<int>(place), rowCount() - 1));
+        if (i + 1 < rows_.size() && rows_[i + 1].key() == wanted) {
+            const int place = placeOf(rows, rows_[i].key(), i + 1);
+            moveRow(here, std::min(place, rowCount() - 1));
             return;
         }
-        if (const int now = rowOf(wanted); now >= 0) {
+        if (const int now = placeOf(rows_, wanted, i); now >= 0) {
             moveRow(now, here);
             return;
         }
@@ -96,8 +112,6 @@ private:
             Q_EMIT dataChanged(changed, changed);
         }
     }
-
-    [[nodiscard]] const Row& at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
 
     std::vector<Row> rows_;
 };
