@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hotkeys/WindowCycler.h"
 
+#include "platform/AppleScript.h"
 #include "platform/Diagnostics.h"
 #include "platform/Workspace.h"
 
@@ -34,14 +35,10 @@ QString command(QStringView property, CycleDirection direction) {
 
 } // namespace
 
-QString escapedForAppleScript(QString text) {
-    return text.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
-}
-
 WindowCycler::WindowCycler(const platform::Ports& ports) : ports_(ports), reactivation_(ports) {}
 
 QString WindowCycler::script(const QString& bundleIdentifier, CycleDirection direction) {
-    return u"tell application id \"" % escapedForAppleScript(bundleIdentifier) %
+    return u"tell application id \"" % platform::escapedForAppleScript(bundleIdentifier) %
            u"\"\n    try\n        " % command(properties[0], direction) %
            u"\n    on error\n        try\n            " % command(properties[1], direction) %
            u"\n        on error\n            " % command(properties[2], direction) %

@@ -27,7 +27,4 @@ private:
     Reactivation reactivation_;
 };
 
-// The text as it may stand between the quotes of an AppleScript string literal.
-[[nodiscard]] QString escapedForAppleScript(QString text);
-
 } // namespace skipnest::hotkeys
