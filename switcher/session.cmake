@@ -1,0 +1,9 @@
+list(APPEND SWITCHER_SOURCES
+    HoldGesture.cpp
+    SwitcherKeys.cpp
+    SwitcherSearch.cpp
+    SwitcherSelection.cpp
+    Win.cpp
+    WindowGathering.cpp
+    WindowSwitcher.cpp
+)
