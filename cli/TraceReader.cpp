@@ -89,6 +89,21 @@ Result<What> clock(const QJsonObject& event) {
     return What(clock);
 }
 
+std::optional<std::size_t> index(const QJsonValue& value) {
+    return value.isDouble() ? std::optional(static_cast<std::size_t>(value.toInteger()))
+                            : std::nullopt;
+}
+
+sim::SimWindow window(const QJsonObject& entry) {
+    sim::SimWindow window{entry[u"title"_s].toString(), entry[u"minimized"_s].toBool()};
+    if (entry.contains(u"subrole"_s))
+        window.subrole = text(entry[u"subrole"_s]);
+    if (const QJsonArray frame = entry[u"frame"_s].toArray(); frame.size() == 4)
+        window.frame = QRectF(frame[0].toDouble(), frame[1].toDouble(), frame[2].toDouble(),
+                              frame[3].toDouble());
+    return window;
+}
+
 Result<What> app(const QJsonObject& event) {
     sim::SimApp app{
         .name = event[u"name"_s].toString(),
@@ -97,8 +112,20 @@ Result<What> app(const QJsonObject& event) {
         .pid = {event[u"pid"_s].toInteger(-1)},
         .running = event[u"running"_s].toBool(true) ? sim::Running::yes : sim::Running::no,
     };
-    for (const QJsonValue window : event[u"windows"_s].toArray())
-        app.windows.push_back({window[u"title"_s].toString(), window[u"minimized"_s].toBool()});
+    for (const QJsonValue entry : event[u"windows"_s].toArray())
+        app.windows.push_back(window(entry.toObject()));
+    for (const QJsonValue entry : event[u"windowMenu"_s].toArray())
+        app.windowMenu.push_back({entry[u"title"_s].toString(), text(entry[u"mark"_s])});
+    if (event.contains(u"focused"_s))
+        app.focused = index(event[u"focused"_s]);
+    // A Window menu is the last but one: where nothing is said of the others, one follows it.
+    if (event.contains(u"menuBar"_s))
+        app.menuBar = static_cast<std::uint32_t>(event[u"menuBar"_s].toInteger());
+    else if (!app.windowMenu.empty())
+        app.menuBar = 2;
+    const QJsonObject errors = event[u"axError"_s].toObject();
+    for (auto error = errors.begin(); error != errors.end(); ++error)
+        app.accessibilityErrors[error.key()] = static_cast<int>(error->toInteger());
     if (app.name.isEmpty())
         return malformed(u"\"name\" of \"app\" must not be empty"_s);
     return What(DeclareApp{std::move(app)});

@@ -32,12 +32,11 @@ enum class Type {
     boolean,
     seconds,
     fraction,
-    integer,
-    integerOrNull,
     keyCode,
     status, // a system's error number
     pid,
     index,
+    indexOrNull,
     object,
     texts,
     fractions,
@@ -88,8 +87,8 @@ constexpr auto shapes = std::to_array<Shape>({
        {"pid", Type::pid},
        {"running", Type::boolean},
        {"windows", Type::windows},
-       {"focused", Type::integerOrNull},
-       {"menuBar", Type::integer},
+       {"focused", Type::indexOrNull},
+       {"menuBar", Type::index},
        {"windowMenu", Type::menu},
        {"axError", Type::statuses},
        {"document", Type::textOrNull},
@@ -190,7 +189,7 @@ bool isBetween(const QJsonValue& value, double least, double most) {
 
 // A year: what no trace needs more than, and what a clock in nanoseconds holds many times over.
 constexpr double longestTrace = 366.0 * 24 * 60 * 60;
-constexpr double exactIntegers = 9007199254740992.0;
+constexpr double largestIndex = 1'000'000;
 // As deep and long as a home's folders ever are; every folder of a path costs an entry.
 constexpr qsizetype longestPath = 1024;
 constexpr qsizetype deepestPath = 64;
@@ -265,10 +264,6 @@ bool hasType(const QJsonValue& value, const Field& field) {
         return isBetween(value, 0, longestTrace);
     case Type::fraction:
         return isBetween(value, 0, 1);
-    case Type::integer:
-        return isWhole(value, -exactIntegers, exactIntegers);
-    case Type::integerOrNull:
-        return value.isNull() || isWhole(value, -exactIntegers, exactIntegers);
     case Type::keyCode:
         return isWhole(value, 0, 65535);
     case Type::status:
@@ -276,7 +271,9 @@ bool hasType(const QJsonValue& value, const Field& field) {
     case Type::pid:
         return isWhole(value, 1, 2147483647.0);
     case Type::index:
-        return isWhole(value, 0, 1'000'000);
+        return isWhole(value, 0, largestIndex);
+    case Type::indexOrNull:
+        return value.isNull() || isWhole(value, 0, largestIndex);
     case Type::object:
         return value.isObject();
     case Type::texts:
@@ -326,10 +323,6 @@ QString expected(const Field& field) {
         return u"a number of seconds up to a year"_s;
     case Type::fraction:
         return u"a number from 0 to 1"_s;
-    case Type::integer:
-        return u"a whole number"_s;
-    case Type::integerOrNull:
-        return u"a whole number or null"_s;
     case Type::keyCode:
         return u"a key code from 0 to 65535"_s;
     case Type::status:
@@ -338,6 +331,8 @@ QString expected(const Field& field) {
         return u"a process identifier above 0"_s;
     case Type::index:
         return u"a whole number from 0"_s;
+    case Type::indexOrNull:
+        return u"a whole number from 0, or null"_s;
     case Type::object:
         return u"an object"_s;
     case Type::texts:

@@ -119,9 +119,17 @@ QJsonObject json(const DeclareApp& e) {
     event[u"running"_s] = e.app.running == sim::Running::yes;
     QJsonArray windows;
     for (const sim::SimWindow& window : e.app.windows)
-        windows.append(QJsonObject{{u"title"_s, window.title}, {u"minimized"_s, window.minimized}});
+        windows.append(windowJson(window));
     event[u"windows"_s] = windows;
     return event;
+QJsonObject windowJson(const sim::SimWindow& window) {
+    QJsonObject object{{u"title"_s, window.title}, {u"minimized"_s, window.minimized}};
+    if (window.subrole != sim::SimWindow{}.subrole)
+        object[u"subrole"_s] = window.subrole ? QJsonValue(*window.subrole) : QJsonValue();
+    if (const auto& frame = window.frame)
+        object[u"frame"_s] = QJsonArray{frame->x(), frame->y(), frame->width(), frame->height()};
+    return object;
+}
 }
 QJsonObject json(const QuitApp& e) {
     return named(u"quit"_s, {{u"app"_s, e.app}});
@@ -135,6 +143,22 @@ QJsonObject json(const AddShortcut& e) {
                                  {u"type"_s, targetTypeName(e.type)},
                                  {u"key"_s, comboValue(e.key)},
                                  {u"hideKey"_s, comboValue(e.hideKey)}});
+    if (e.app.focused != sim::SimApp{}.focused)
+        event[u"focused"_s] =
+            e.app.focused ? QJsonValue(static_cast<qint64>(*e.app.focused)) : QJsonValue();
+    if (e.app.menuBar)
+        event[u"menuBar"_s] = static_cast<qint64>(*e.app.menuBar);
+    QJsonArray menu;
+    for (const sim::SimMenuItem& item : e.app.windowMenu)
+        menu.append(QJsonObject{{u"title"_s, item.title},
+                                {u"mark"_s, item.mark ? QJsonValue(*item.mark) : QJsonValue()}});
+    if (!menu.isEmpty())
+        event[u"windowMenu"_s] = menu;
+    QJsonObject errors;
+    for (const auto& [name, status] : e.app.accessibilityErrors)
+        errors[name] = status;
+    if (!errors.isEmpty())
+        event[u"axError"_s] = errors;
 }
 QJsonObject json(const AddFile& e) {
     return named(u"file"_s, {{u"path"_s, e.path}});

@@ -107,7 +107,8 @@ void SimApplications::install(const SimApp& app) {
     if (ran && app.running == Running::no)
         end(*known);
 
-    known->app = app;
+    const std::vector<SimWindow> before = std::exchange(known->app, app).windows;
+    numberWindows(known->app.windows, before);
     known->app.running = ran ? app.running : Running::no;
     if (oldPath != app.path && !oldPath.isEmpty() && !entryAt(oldPath))
         (void)files_.remove(oldPath);
@@ -122,6 +123,17 @@ void SimApplications::install(const SimApp& app) {
         active_ = known->app.pid;
     if (!ran)
         launch(*known);
+}
+
+void SimApplications::numberWindows(std::vector<SimWindow>& windows,
+                                    const std::vector<SimWindow>& before) {
+    std::vector<SimWindow> left = before;
+    for (SimWindow& window : windows) {
+        const auto same = std::ranges::find(left, window.title, &SimWindow::title);
+        window.id = same == left.end() ? ++lastWindowId_ : same->id;
+        if (same != left.end())
+            left.erase(same);
+    }
 }
 
 void SimApplications::launch(Entry& entry) {
@@ -224,6 +236,10 @@ const SimApp* SimApplications::findRunning(ProcessIdentifier pid) const {
         return entry.app.running == Running::yes && entry.app.pid == pid;
     });
     return found == entries_.end() ? nullptr : &found->app;
+}
+
+SimApp* SimApplications::findRunning(ProcessIdentifier pid) {
+    return const_cast<SimApp*>(std::as_const(*this).findRunning(pid));
 }
 
 QString SimApplications::frontName() const {

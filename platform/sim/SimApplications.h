@@ -5,6 +5,9 @@
 #include "platform/Workspace.h"
 #include "platform/sim/Journal.h"
 
+#include <QRectF>
+
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -15,8 +18,19 @@ namespace skipnest::sim {
 struct SimWindow {
     QString title;
     bool minimized = false;
+    std::optional<QString> subrole = QStringLiteral("AXStandardWindow"); // none: unreadable
+    std::optional<QRectF> frame = {};                                    // none: unreadable
+    // Given when the application is installed; a window of the same title keeps it.
+    std::uint64_t id = 0;
 
     bool operator==(const SimWindow&) const = default;
+};
+
+struct SimMenuItem {
+    QString title;
+    std::optional<QString> mark = {};
+
+    bool operator==(const SimMenuItem&) const = default;
 };
 
 enum class Running { no, yes };
@@ -31,6 +45,11 @@ struct SimApp {
     platform::ProcessIdentifier pid = {};
     Running running = Running::yes;
     std::vector<SimWindow> windows = {};
+    std::optional<std::size_t> focused = 0;          // of `windows`; none of them otherwise
+    std::optional<std::size_t> main = {};            // the focused one, or the first, if not given
+    std::optional<std::uint32_t> menuBar = {};       // how many menus it has; none: no menu bar
+    std::vector<SimMenuItem> windowMenu = {};        // of the last menu but one
+    std::map<QString, int> accessibilityErrors = {}; // by action or attribute
 };
 
 // The applications of the simulated desktop: which are installed, which run, in which order they
@@ -70,6 +89,8 @@ public:
     // The application as it stands: `pid` while it runs, its windows as they are.
     [[nodiscard]] const SimApp* find(const QString& name) const;
     [[nodiscard]] const SimApp* findRunning(platform::ProcessIdentifier pid) const;
+    // For the parts of the desktop through which the program changes it.
+    [[nodiscard]] SimApp* findRunning(platform::ProcessIdentifier pid);
     // Empty while nothing is in front.
     [[nodiscard]] QString frontName() const;
     // Names of the running applications, the one in front first, hidden ones in their places.
@@ -116,6 +137,7 @@ private:
     [[nodiscard]] const Entry* entryAt(const QString& path) const;
     Entry* entryWithIdentifier(const QString& bundleIdentifier);
     [[nodiscard]] platform::ProcessIdentifier freePid();
+    void numberWindows(std::vector<SimWindow>& windows, const std::vector<SimWindow>& before);
     void launch(Entry& entry);
     void end(Entry& entry);
     void toFront(Entry& entry);
@@ -137,6 +159,7 @@ private:
     std::map<QString, QString> opens_;
     std::map<QString, platform::Failure> refusedPaths_;
     std::int64_t lastPid_ = 1000;
+    std::uint64_t lastWindowId_ = 0;
     platform::Observers<const platform::RunningApplication&> observers_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -79,7 +79,7 @@ SimDesktop::SimDesktop()
       bookmarks_(files_), alerts_(scheduler_, journal_), instances_(journal_),
       keyboardCapture_(scheduler_), desktopShortcuts_(scheduler_), fileIndex_(scheduler_),
       panels_(journal_), loginItem_(journal_), processes_(journal_), http_(scheduler_, journal_),
-      accessibility_({}),
+      accessibility_(journal_, applications_),
       screenCapture_(scheduler_, {}), ports_{.app = stageInfo(),
                                              .scheduler = scheduler_,
                                              .executor = executor_,
@@ -200,6 +200,7 @@ void SimDesktop::pressAlertButton(const QString& button) {
 
 void SimDesktop::setTrust(const Trust& trust) {
     trust_ = trust;
+    accessibility_.setTrusted(trust.accessibility);
     Availability keys;
     if (!trust.accessibility)
         keys = {Availability::State::unavailable,

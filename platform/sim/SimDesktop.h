@@ -7,6 +7,7 @@
 #include "platform/UsKeyboardLayout.h"
 #include "platform/sim/Journal.h"
 #include "platform/sim/MemoryFiles.h"
+#include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimApplications.h"
 #include "platform/sim/SimBookmarks.h"
@@ -117,6 +118,7 @@ public:
     [[nodiscard]] platform::sim::MemoryFiles& files() { return files_; }
     [[nodiscard]] platform::UserDefaults& defaults() { return defaults_; }
     [[nodiscard]] SimApplications& applications() { return applications_; }
+    [[nodiscard]] SimAccessibility& accessibility() { return accessibility_; }
     [[nodiscard]] SimHotkeys& hotkeys() { return hotkeys_; }
     [[nodiscard]] SimKeyEvents& keyEvents() { return keyEvents_; }
     [[nodiscard]] SimScripts& scripts() { return scripts_; }
@@ -166,7 +168,7 @@ private:
     SimDistributedNotifications distributedNotifications_;
     SimHttp http_;
     SimCrashCapture crashCapture_;
-    platform::UnavailableAccessibility accessibility_;
+    SimAccessibility accessibility_;
     platform::UnavailableScreenCapture screenCapture_;
     platform::UnavailablePointerEvents pointer_;
     platform::Ports ports_;

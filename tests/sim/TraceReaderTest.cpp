@@ -124,7 +124,13 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
     ASSERT_EQ(app.failure, "");
     const auto& declared = std::get<DeclareApp>(app.events.at(0).what).app;
     EXPECT_EQ(declared.pid.value, 101);
-    EXPECT_EQ(declared.windows.at(1), (sim::SimWindow{u"B"_s, true}));
+    EXPECT_EQ(declared.windows.at(1),
+              (sim::SimWindow{u"B"_s, true, u"AXDialog"_s, QRectF(0, 0, 800, 600)}));
+    EXPECT_EQ(declared.windows.at(2).subrole, std::nullopt);
+    EXPECT_EQ(declared.focused, 0U);
+    EXPECT_EQ(declared.menuBar, 7U);
+    EXPECT_EQ(declared.windowMenu.at(1), (sim::SimMenuItem{u"A"_s, u"✓"_s}));
+    EXPECT_EQ(declared.accessibilityErrors.at(u"AXRaise"_s), -25205);
 }
 
 TEST(TraceReader, takesByteOrderMarkCarriageReturnsBlankLinesAndNoLastBreak) {
@@ -159,7 +165,7 @@ TEST(TraceWriter, whatItWritesReadsBackTheSameButForKeys) {
 {"do":"clock","utc":"2026-07-24T21:59:50.500Z","zone":"Europe/Berlin"}
 {"do":"locale","current":"de_DE","preferred":["de-DE","en-US"],"unavailable":[]}
 {"do":"trust","accessibility":false,"microphone":"denied","speech":"granted"}
-{"do":"app","name":"Notes","bundle":"com.example.notes","path":"/Applications/Notes.app","pid":101,"running":false,"windows":[{"title":"A","minimized":true}]}
+{"do":"app","name":"Notes","bundle":"com.example.notes","path":"/Applications/Notes.app","pid":101,"running":false,"windows":[{"title":"A","minimized":true,"subrole":null},{"title":"B","subrole":"AXDialog","frame":[1,2,3,4]}],"focused":null,"menuBar":7,"windowMenu":[{"title":"A","mark":"✓"},{"title":"B"}],"axError":{"AXRaise":-25205}}
 {"do":"quit","app":"Notes"}
 {"do":"front","app":"Notes"}
 {"do":"shortcut","name":"N","path":"/N","type":"folder","key":"cmd+key81","hideKey":null}
@@ -199,6 +205,11 @@ TEST(TraceWriter, whatItWritesReadsBackTheSameButForKeys) {
         EXPECT_EQ(second.events[i].at, first.events[i].at.value_or(Instant{})) << "event " << i;
     }
     // The pairs above compare what the writer makes of both; these are read against the trace.
+    const auto& app = std::get<DeclareApp>(second.events[5].what).app;
+    EXPECT_EQ(app.windows, std::get<DeclareApp>(first.events[5].what).app.windows);
+    EXPECT_EQ(app.windowMenu, std::get<DeclareApp>(first.events[5].what).app.windowMenu);
+    EXPECT_EQ(app.focused, std::nullopt);
+    EXPECT_EQ(app.menuBar, 7U);
     EXPECT_EQ(std::get<AddShortcut>(second.events[8].what).key->keyCode, 81);
     EXPECT_EQ(std::get<Wait>(second.events.back().what).until, Instant(3s + 1ns));
     EXPECT_EQ(std::get<PressHotkey>(second.events[21].what).key,

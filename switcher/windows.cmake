@@ -1,0 +1,1 @@
+list(APPEND SWITCHER_SOURCES AppWindows.cpp)
