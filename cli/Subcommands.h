@@ -10,6 +10,12 @@ ExitStatus runCombo(const Arguments& arguments, const Context& context);
 ExitStatus runConfigCheck(const Arguments& arguments, const Context& context);
 ExitStatus runHotkeys(const Arguments& arguments, const Context& context);
 ExitStatus runStats(const Arguments& arguments, const Context& context);
+ExitStatus runScriptEnumerate(const Arguments& arguments, const Context& context);
+ExitStatus runScriptActivate(const Arguments& arguments, const Context& context);
+ExitStatus runScriptRelocate(const Arguments& arguments, const Context& context);
+ExitStatus runScriptCycle(const Arguments& arguments, const Context& context);
+ExitStatus runTabsOutput(const Arguments& arguments, const Context& context);
+ExitStatus runTitlesMatch(const Arguments& arguments, const Context& context);
 ExitStatus runReplay(const Arguments& arguments, const Context& context);
 
 ExitStatus runDoctor(const Arguments& arguments, const Context& context);

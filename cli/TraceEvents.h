@@ -111,6 +111,10 @@ struct AnswerScript { // script
     QString receiver;
     platform::ScriptAnswer answer;
 };
+struct AnswerTabs { // tabs
+    QString browser;
+    sim::SimTabs tabs;
+};
 struct AnswerRequests { // reply
     QString path;
     sim::SimHttp::Answer answer;
@@ -123,7 +127,7 @@ using What = std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust,
                           QuitApp, BringToFront, AddShortcut, AddFile, AddFolder, RemovePath,
                           SetBookmark, SetDefaultApplication, RefuseCombo, RefuseHandler,
                           IgnoreHide, Start, ChangeModifiers, PressKey, PressHotkey, PressButton,
-                          LeavePanel, AnswerScript, AnswerRequests, Wait>;
+                          LeavePanel, AnswerScript, AnswerTabs, AnswerRequests, Wait>;
 
 struct Event {
     std::optional<platform::Instant> at; // absent: as soon as the one before is done

@@ -259,6 +259,11 @@ Outcome TracePlayer::play(const AnswerRequests& event, Instant) {
     return Done{};
 }
 
+Outcome TracePlayer::play(const AnswerTabs& event, Instant) {
+    desk_.scripts().setTabs(event.browser, event.tabs);
+    return Done{};
+}
+
 Outcome TracePlayer::play(const AnswerScript& event, Instant) {
     desk_.scripts().setAnswer(event.receiver, event.answer);
     return Done{};

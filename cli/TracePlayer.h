@@ -57,6 +57,7 @@ private:
     platform::Outcome play(const PressButton& event, platform::Instant seen);
     platform::Outcome play(const LeavePanel& event, platform::Instant seen);
     platform::Outcome play(const AnswerScript& event, platform::Instant seen);
+    platform::Outcome play(const AnswerTabs& event, platform::Instant seen);
     platform::Outcome play(const AnswerRequests& event, platform::Instant seen);
     platform::Outcome play(const Wait& event, platform::Instant seen);
 

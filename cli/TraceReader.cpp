@@ -172,16 +172,45 @@ Result<What> click(const QJsonObject& event) {
     return What(LeavePanel{});
 }
 
+platform::ScriptError scriptError(const QJsonValue& number) {
+    return {static_cast<int>(number.toInteger()),
+            u"The script failed with error %1."_s.arg(number.toInteger())};
+}
+
 Result<What> script(const QJsonObject& event) {
     if (event.contains(u"output"_s) == event.contains(u"error"_s))
         return malformed(u"\"script\" needs either \"output\" or \"error\""_s);
     AnswerScript answer{event[u"to"_s].toString(), {}};
     if (event.contains(u"error"_s))
-        answer.answer = platform::ScriptError{
-            static_cast<int>(event[u"error"_s].toInteger()),
-            u"The script failed with error %1."_s.arg(event[u"error"_s].toInteger())};
+        answer.answer = scriptError(event[u"error"_s]);
     else
         answer.answer = platform::ScriptText{event[u"output"_s].toString()};
+    return What(std::move(answer));
+}
+
+Result<What> tabs(const QJsonObject& event) {
+    const bool hangs = event[u"hang"_s].toBool();
+    const bool failed = event.contains(u"error"_s);
+    if (int{hangs} + int{failed} + int{event.contains(u"output"_s)} > 1)
+        return malformed(u"\"tabs\" has one of \"output\", \"error\" and \"hang\""_s);
+    AnswerTabs answer{event[u"bundle"_s].toString(), {}};
+    if (hangs)
+        answer.tabs.listing = platform::ScriptBudgetExceeded{};
+    else if (failed)
+        answer.tabs.listing = scriptError(event[u"error"_s]);
+    else
+        answer.tabs.listing = platform::ScriptText{event[u"output"_s].toString()};
+    if (const auto relocate = text(event[u"relocate"_s])) {
+        using Relocation = sim::SimTabs::Relocation;
+        answer.tabs.relocation = *relocate == u"1"   ? Relocation::found
+                                 : *relocate == u"0" ? Relocation::missed
+                                                     : Relocation::hang;
+    }
+    if (const auto activate = text(event[u"activate"_s])) {
+        using Activation = sim::SimTabs::Activation;
+        answer.tabs.activation = *activate == u"ok" ? Activation::ok : Activation::fail;
+    }
+    answer.tabs.after = instant(event[u"after"_s]).time_since_epoch();
     return What(std::move(answer));
 }
 
@@ -265,6 +294,7 @@ constexpr auto builders = std::to_array<Builder>({
     {u"press", press},
     {u"panelKeyLost", [](const QJsonObject&) -> Result<What> { return What(LeavePanel{}); }},
     {u"click", click},
+    {u"tabs", tabs},
     {u"script", script},
     {u"reply", reply},
     {u"wait",

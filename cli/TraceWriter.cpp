@@ -108,6 +108,14 @@ QJsonObject json(const SetTrust& e) {
     put(event, u"contacts"_s, e.contacts);
     return event;
 }
+QJsonObject windowJson(const sim::SimWindow& window) {
+    QJsonObject object{{u"title"_s, window.title}, {u"minimized"_s, window.minimized}};
+    if (window.subrole != sim::SimWindow{}.subrole)
+        object[u"subrole"_s] = window.subrole ? QJsonValue(*window.subrole) : QJsonValue();
+    if (const auto& frame = window.frame)
+        object[u"frame"_s] = QJsonArray{frame->x(), frame->y(), frame->width(), frame->height()};
+    return object;
+}
 QJsonObject json(const DeclareApp& e) {
     QJsonObject event = named(u"app"_s, {{u"name"_s, e.app.name}});
     if (!e.app.bundleIdentifier.isEmpty())
@@ -121,28 +129,6 @@ QJsonObject json(const DeclareApp& e) {
     for (const sim::SimWindow& window : e.app.windows)
         windows.append(windowJson(window));
     event[u"windows"_s] = windows;
-    return event;
-QJsonObject windowJson(const sim::SimWindow& window) {
-    QJsonObject object{{u"title"_s, window.title}, {u"minimized"_s, window.minimized}};
-    if (window.subrole != sim::SimWindow{}.subrole)
-        object[u"subrole"_s] = window.subrole ? QJsonValue(*window.subrole) : QJsonValue();
-    if (const auto& frame = window.frame)
-        object[u"frame"_s] = QJsonArray{frame->x(), frame->y(), frame->width(), frame->height()};
-    return object;
-}
-}
-QJsonObject json(const QuitApp& e) {
-    return named(u"quit"_s, {{u"app"_s, e.app}});
-}
-QJsonObject json(const BringToFront& e) {
-    return named(u"front"_s, {{u"app"_s, e.app}});
-}
-QJsonObject json(const AddShortcut& e) {
-    return named(u"shortcut"_s, {{u"name"_s, e.name},
-                                 {u"path"_s, e.path},
-                                 {u"type"_s, targetTypeName(e.type)},
-                                 {u"key"_s, comboValue(e.key)},
-                                 {u"hideKey"_s, comboValue(e.hideKey)}});
     if (e.app.focused != sim::SimApp{}.focused)
         event[u"focused"_s] =
             e.app.focused ? QJsonValue(static_cast<qint64>(*e.app.focused)) : QJsonValue();
@@ -159,6 +145,20 @@ QJsonObject json(const AddShortcut& e) {
         errors[name] = status;
     if (!errors.isEmpty())
         event[u"axError"_s] = errors;
+    return event;
+}
+QJsonObject json(const QuitApp& e) {
+    return named(u"quit"_s, {{u"app"_s, e.app}});
+}
+QJsonObject json(const BringToFront& e) {
+    return named(u"front"_s, {{u"app"_s, e.app}});
+}
+QJsonObject json(const AddShortcut& e) {
+    return named(u"shortcut"_s, {{u"name"_s, e.name},
+                                 {u"path"_s, e.path},
+                                 {u"type"_s, targetTypeName(e.type)},
+                                 {u"key"_s, comboValue(e.key)},
+                                 {u"hideKey"_s, comboValue(e.hideKey)}});
 }
 QJsonObject json(const AddFile& e) {
     return named(u"file"_s, {{u"path"_s, e.path}});
@@ -226,6 +226,24 @@ QJsonObject json(const AnswerScript& e) {
         event[u"error"_s] = error->number;
     else
         event[u"error"_s] = answerTimedOut;
+    return event;
+}
+QJsonObject json(const AnswerTabs& e) {
+    QJsonObject event = named(u"tabs"_s, {{u"bundle"_s, e.browser}});
+    if (const auto* output = std::get_if<platform::ScriptText>(&e.tabs.listing))
+        event[u"output"_s] = output->text;
+    else if (const auto* error = std::get_if<platform::ScriptError>(&e.tabs.listing))
+        event[u"error"_s] = error->number;
+    else
+        event[u"hang"_s] = true;
+    using Relocation = sim::SimTabs::Relocation;
+    if (const auto relocation = e.tabs.relocation)
+        event[u"relocate"_s] = *relocation == Relocation::found    ? u"1"_s
+                               : *relocation == Relocation::missed ? u"0"_s
+                                                                   : u"hang"_s;
+    if (const auto activation = e.tabs.activation)
+        event[u"activate"_s] = *activation == sim::SimTabs::Activation::ok ? u"ok"_s : u"fail"_s;
+    event[u"after"_s] = seconds(e.tabs.after);
     return event;
 }
 QJsonObject json(const Wait& e) {

@@ -359,7 +359,9 @@ void SimApplications::openFile(const QString& path, OpenCompletion completion) {
 void SimApplications::openUrl(const QUrl& url, OpenCompletion completion) {
     if (url.isLocalFile())
         return openFile(url.toLocalFile(), std::move(completion));
-    journal_.call(u"openURL"_s, {{u"url"_s, QString::fromLatin1(url.toEncoded())}});
+    const bool isSettingsPage = url.scheme() == u"x-apple.systempreferences";
+    journal_.call(isSettingsPage ? u"openSettings"_s : u"openURL"_s,
+                  {{u"url"_s, QString::fromLatin1(url.toEncoded())}});
     soon([completion = std::move(completion)] { completion(Done{}); });
 }
 

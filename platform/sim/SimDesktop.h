@@ -17,6 +17,7 @@
 #include "platform/sim/SimInstances.h"
 #include "platform/sim/SimKeyEvents.h"
 #include "platform/sim/SimKeyboardCapture.h"
+#include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScripts.h"
 #include "platform/sim/SimShell.h"
 #include "platform/sim/VirtualExecutor.h"
@@ -119,6 +120,7 @@ public:
     [[nodiscard]] platform::UserDefaults& defaults() { return defaults_; }
     [[nodiscard]] SimApplications& applications() { return applications_; }
     [[nodiscard]] SimAccessibility& accessibility() { return accessibility_; }
+    [[nodiscard]] SimScreenCapture& screenCapture() { return screenCapture_; }
     [[nodiscard]] SimHotkeys& hotkeys() { return hotkeys_; }
     [[nodiscard]] SimKeyEvents& keyEvents() { return keyEvents_; }
     [[nodiscard]] SimScripts& scripts() { return scripts_; }
@@ -169,7 +171,7 @@ private:
     SimHttp http_;
     SimCrashCapture crashCapture_;
     SimAccessibility accessibility_;
-    platform::UnavailableScreenCapture screenCapture_;
+    SimScreenCapture screenCapture_;
     platform::UnavailablePointerEvents pointer_;
     platform::Ports ports_;
     Trust trust_;

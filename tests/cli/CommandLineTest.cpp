@@ -131,6 +131,57 @@ TEST_F(CommandLineTest, hotkeysAreListedInOrderWithoutSupersededOnes) {
                                             "5 Ctrl + Opt + V voice "));
 }
 
+TEST_F(CommandLineTest, scriptsArePrintedAsTheyAre) {
+    const auto script = [this](const char* words) {
+        return run(QString::fromUtf8("script " + QByteArray(words)).split(u' '));
+    };
+    EXPECT_EQ(script("activate --bundle com.google.Chrome --window 2 --tab 11").out,
+              "tell application id \"com.google.Chrome\"\n"
+              "    set active tab index of window 2 to 11\n"
+              "    set index of window 2 to 1\n"
+              "    activate\n"
+              "end tell\n");
+    struct Row {
+        const char* words;
+        int status;
+        const char* said; // in the output, or among the errors
+    };
+    const Row rows[] = {
+        {"enumerate --bundle com.apple.Safari", 0, "index of current tab of w\n"},
+        {"enumerate --bundle com.apple.safari", 1, "\"com.apple.safari\" is no browser"},
+        {"enumerate", 2, "--bundle"},
+        {"activate --bundle com.example.notes --window 1 --tab 1", 1, "is no browser"},
+        {"activate --bundle com.apple.Safari --window 1 --tab x", 2, "--tab"},
+        {"relocate --bundle com.brave.Browser --window 1 --tab 2 --url u --title a\"b", 0,
+         "set tTitle to \"a\\\"b\"\n"},
+        {"relocate --bundle company.thebrowser.Browser --window 1 --tab 2 --url u --title t", 1,
+         "not looked for again"},
+        {"relocate --bundle com.brave.Browser --window 1 --tab 2 --url u", 2, "--title"},
+        {"cycle --bundle com.example.notes --direction 1", 0, "minimized is true) to false"},
+        {"cycle --bundle com.example.notes --direction 2", 2, "--direction"},
+    };
+    for (const Row& row : rows) {
+        const Finished finished = script(row.words);
+        EXPECT_EQ(finished.status, row.status) << row.words;
+        EXPECT_THAT(row.status == 0 ? finished.out : finished.err, HasSubstr(row.said));
+        EXPECT_EQ(finished.out.empty(), row.status != 0) << row.words;
+    }
+}
+
+TEST_F(CommandLineTest, browserAnswersAndTitlesAreUnderstood) {
+    const QStringList tabs{QStringLiteral("tabs-output"), QStringLiteral("--bundle"),
+                           QStringLiteral("com.apple.Safari"), QStringLiteral("-")};
+    EXPECT_EQ(run(tabs, "1\0012\001T\0011\001https://x/\nx\n").out,
+              "[{\"active\":true,\"tabIndex\":2,\"title\":\"T\",\"url\":\"https://x/\","
+              "\"windowIndex\":1}]\n");
+    EXPECT_EQ(run(tabs).out, "[]\n");
+    const auto match = [this](const QString& a, const QString& b) {
+        return run({QStringLiteral("titles-match"), a, b}).out;
+    };
+    EXPECT_EQ(match(QStringLiteral("Report…"), QStringLiteral("Report 2024")), "true\n");
+    EXPECT_EQ(match(QString(), QString()), "false\n");
+}
+
 TEST_F(CommandLineTest, withoutAnAgentTheListIsChangedInTheFile) {
     const QString target = file("Größe.txt", {});
     const Finished added =

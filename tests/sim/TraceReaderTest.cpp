@@ -90,6 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
         BadRow{"{\"do\":\"refuse\",\"key\":\"f5\"}", "\"refuse\" needs"},
         BadRow{"{\"do\":\"refuse\",\"handler\":-1,\"status\":-1}", "\"refuse\" needs"},
         BadRow{"{\"do\":\"script\",\"to\":\"a\"}", "\"script\" needs either"},
+        BadRow{"{\"do\":\"tabs\",\"bundle\":\"b\",\"hang\":true,\"error\":-1}",
+               "\"tabs\" has one of"},
         BadRow{"{\"do\":\"shortcut\",\"name\":\"A\",\"path\":\"/A\",\"type\":\"app\"}",
                "must be one of application, file, folder"},
         BadRow{"{\"do\":\"clock\",\"utc\":\"yesterday\"}", "\"utc\" of \"clock\""},
@@ -106,7 +108,6 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
         R"({"do":"tap","which":"voice","event":"timeout"})",
         R"({"do":"hover","index":1})",
         R"({"do":"pick","index":1})",
-        R"({"do":"tabs","bundle":"b","output":"1\u00011\u0001T\u00011\u0001https://x/\n","relocate":"1","activate":"ok","after":0.0})",
         R"({"do":"heard","locale":"en-US","text":"open","final":true,"segments":[0.9,0.5]})",
         R"({"do":"heardError","locale":"de-DE","error":"No speech detected"})",
         R"({"do":"microphone","level":0.2,"format":"ok","startError":null})",
@@ -114,7 +115,6 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
         R"({"do":"model","available":true,"intent":{},"cleanup":"Hey Paul.","after":0.3})",
         R"({"do":"contact","name":"Paul Klein","phone":"+49 170 1","email":null})",
         R"({"do":"moveError","error":"x"})",
-        R"({"do":"reply","path":"/leaderboard.php","status":200,"body":"{}"})",
     };
     for (const char* line : later)
         EXPECT_THAT(readAll(line).failure, HasSubstr("is not simulated yet")) << line;
@@ -131,6 +131,17 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
     EXPECT_EQ(declared.menuBar, 7U);
     EXPECT_EQ(declared.windowMenu.at(1), (sim::SimMenuItem{u"A"_s, u"✓"_s}));
     EXPECT_EQ(declared.accessibilityErrors.at(u"AXRaise"_s), -25205);
+
+    const Reading tabs = readAll(
+        R"({"do":"tabs","bundle":"b","output":"1\u00011\u0001T\u00011\u0001https://x/\n","relocate":"0","activate":"fail","after":0.25})");
+    ASSERT_EQ(tabs.failure, "");
+    const auto& answer = std::get<AnswerTabs>(tabs.events.at(0).what).tabs;
+    EXPECT_EQ(std::get<platform::ScriptText>(answer.listing).text, u"1\x01"
+                                                                   "1\x01T\x01"
+                                                                   "1\x01https://x/\n"_s);
+    EXPECT_EQ(answer.relocation, sim::SimTabs::Relocation::missed);
+    EXPECT_EQ(answer.activation, sim::SimTabs::Activation::fail);
+    EXPECT_EQ(answer.after, 250ms);
 }
 
 TEST(TraceReader, takesByteOrderMarkCarriageReturnsBlankLinesAndNoLastBreak) {
