@@ -14,25 +14,13 @@
 #include <QCoreApplication>
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <utility>
 
 namespace skipnest::app {
 
-using hotkeys::SwitcherGate;
 using model::AppConfiguration;
 using model::ShortcutItem;
-
-class AppDelegate::NoSwitcher final : public SwitcherGate {
-public:
-    [[nodiscard]] bool isOpen() const override { return false; }
-    void cancel() override {}
-    Answer offer(const platform::RunningApplication&) override { return Answer::declined; }
-    Answer open(const platform::RunningApplication&, std::optional<model::ModifierFlags>,
-                Mode) override {
-        return Answer::declined;
-    }
-    [[nodiscard]] bool knowsTabsOf(const QString&) const override { return false; }
-};
 
 class AppDelegate::Counter final : public hotkeys::JumpCounter {
 public:
@@ -56,8 +44,19 @@ AppDelegate::AppDelegate(const platform::Ports& ports, Options options)
       webClients_(ports_, stats_),
       hotkeys_(ports.hotkeys, ports.keyboardLayout, ports.diagnostics, ports.scheduler),
       ledger_(hotkeys_, ports.desktopShortcuts), focus_(ports.workspace, ports.app.pid),
-      switcher_(std::make_unique<NoSwitcher>()), counter_(std::make_unique<Counter>(stats_)),
-      jumps_(ports, focus_, *switcher_, *counter_), cycler_(ports) {}
+      browserTabs_(ports),
+      switcher_(ports, browserTabs_,
+                [this](const QString& application) {
+                    stats_.record(stats::JumpStats::Kind::switcher, application);
+                }),
+      counter_(std::make_unique<Counter>(stats_)), jumps_(ports, focus_, switcher_, *counter_),
+      cycler_(ports) {
+    switcher_.setShortcuts([this](const model::KeyCombo& combo) {
+        return std::ranges::any_of(hotkeys_.registered(), [&combo](const auto& entry) {
+            return entry.hotkey.combo == combo;
+        });
+    });
+}
 
 AppDelegate::~AppDelegate() {
     *alive_ = false;
@@ -138,6 +137,7 @@ void AppDelegate::createShell() {
     QObject::connect(&webClients_.updates, &services::UpdateChecker::checked, &context_,
                      [this](auto outcome) { updatesChecked(outcome); });
     shell_->createStatusItemAndPopover();
+    ports_.panels.createSwitcherBar();
 }
 
 // What need not be ready with the first key press.
@@ -160,8 +160,11 @@ void AppDelegate::showPopoverAfterStart() {
 }
 
 void AppDelegate::settingsApplied(const AppConfiguration& configuration) {
-    jumps_.setSwitches(
-        {configuration.windowSwitcherOrDefault(), configuration.browserTabSwitchingOrDefault()});
+    const bool isSwitching = configuration.windowSwitcherOrDefault();
+    jumps_.setSwitches({isSwitching, configuration.browserTabSwitchingOrDefault()});
+    switcher_.setPreviews(isSwitching);
+    if (!isSwitching)
+        switcher_.dismiss();
     webClients_.settingsApplied(configuration.crashReportsOrDefault(),
                                 configuration.didOnboard.value_or(false));
     const auto before = std::exchange(launchAtLogin_, configuration.launchAtLogin);

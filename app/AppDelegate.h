@@ -15,6 +15,8 @@
 #include "platform/NotificationCenter.h"
 #include "platform/Ports.h"
 #include "stats/JumpStats.h"
+#include "switcher/BrowserTabs.h"
+#include "switcher/WindowSwitcher.h"
 
 #include <functional>
 #include <memory>
@@ -54,6 +56,8 @@ public:
     [[nodiscard]] model::StorageService& storage() { return storage_; }
     [[nodiscard]] hotkeys::HotkeyManager& hotkeys() { return hotkeys_; }
     [[nodiscard]] hotkeys::JumpExecution& jumps() { return jumps_; }
+    [[nodiscard]] switcher::BrowserTabs& browserTabs() { return browserTabs_; }
+    [[nodiscard]] switcher::WindowSwitcher& switcher() { return switcher_; }
     [[nodiscard]] hotkeys::WindowCycler& cycler() { return cycler_; }
     [[nodiscard]] platform::NotificationCenter& notifications() { return notifications_; }
     [[nodiscard]] hotkeys::KeyLedger& ledger() { return ledger_; }
@@ -70,8 +74,6 @@ public:
     [[nodiscard]] MenuBarShell& shell() { return *shell_; }
 
 private:
-    // Stands where the window switcher plugs in; it declines.
-    class NoSwitcher;
     class Counter;
 
     void captureCrashes();
@@ -94,7 +96,8 @@ private:
     hotkeys::HotkeyManager hotkeys_;
     hotkeys::KeyLedger ledger_;
     hotkeys::FocusTracker focus_;
-    std::unique_ptr<hotkeys::SwitcherGate> switcher_;
+    switcher::BrowserTabs browserTabs_;
+    switcher::WindowSwitcher switcher_;
     std::unique_ptr<hotkeys::JumpCounter> counter_;
     hotkeys::JumpExecution jumps_;
     hotkeys::WindowCycler cycler_;

@@ -9,6 +9,7 @@
 #include "platform/sim/SimDesktop.h"
 
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <cstdio>
@@ -20,6 +21,38 @@ using platform::Outcome;
 using platform::Result;
 
 namespace {
+
+template <typename Row> QJsonArray titles(const std::vector<Row>& rows) {
+    QJsonArray list;
+    for (const Row& row : rows)
+        list.append(row.title);
+    return list;
+}
+
+// The bar as a panel line has it.
+QJsonObject barFields(const switcher::SwitcherModel::Content& content) {
+    using Level = switcher::SwitcherModel::Level;
+    QJsonObject fields{{QStringLiteral("query"), content.query},
+                       {QStringLiteral("titles"), titles(content.windows)},
+                       {QStringLiteral("results"), titles(content.results)},
+                       {QStringLiteral("pinned"), content.isPinned}};
+    switch (content.level) {
+    case Level::windows:
+        fields[QStringLiteral("state")] = QStringLiteral("windows");
+        fields[QStringLiteral("selected")] = content.selWin;
+        break;
+    case Level::tabs:
+        fields[QStringLiteral("state")] = QStringLiteral("tabs");
+        fields[QStringLiteral("selected")] = content.selTab;
+        fields[QStringLiteral("titles")] = titles(content.tabs);
+        break;
+    case Level::search:
+        fields[QStringLiteral("state")] = QStringLiteral("search");
+        fields[QStringLiteral("selected")] = content.selResult;
+        break;
+    }
+    return fields;
+}
 
 // The whole program on the simulated desktop.
 class ReplayAgent final : public trace::TraceAgent {
@@ -35,6 +68,8 @@ public:
                                               : app::WebClients::Updates::leave,
                                .quit = {},
                            });
+        QObject::connect(&bar(), &switcher::SwitcherModel::changed, &context_,
+                         [this] { noteBar(); });
         delegate_->launch();
         return platform::Done{};
     }
@@ -51,18 +86,68 @@ public:
         return platform::Done{};
     }
 
+    Outcome hover(int index) override {
+        if (!delegate_->switcher().isOpen())
+            return noPanel();
+        bar().onHoverWindow(index);
+        return platform::Done{};
+    }
+
+    Outcome pick(int index) override {
+        if (!delegate_->switcher().isOpen())
+            return noPanel();
+        switch (bar().content().level) {
+        case Level::windows:
+            bar().onPickWindow(index);
+            break;
+        case Level::tabs:
+            bar().onPickTab(index);
+            break;
+        case Level::search:
+            bar().onPickResult(index);
+            break;
+        }
+        return platform::Done{};
+    }
+
     [[nodiscard]] QJsonObject snapshot() const override {
         return {
             {QStringLiteral("config"), model::toJson(delegate_->viewModel().config())},
             {QStringLiteral("hotkeys"), app::hotkeysJson(delegate_->hotkeys().registered())},
             {QStringLiteral("stats"), stats()},
-            {QStringLiteral("panel"), desk_.panels().isPopoverShown()
-                                          ? QJsonValue(QStringLiteral("popover"))
-                                          : QJsonValue()},
+            {QStringLiteral("panel"), openPanel()},
         };
     }
 
 private:
+    using Level = switcher::SwitcherModel::Level;
+
+    [[nodiscard]] switcher::SwitcherModel& bar() { return delegate_->switcher().model(); }
+
+    [[nodiscard]] static Outcome noPanel() {
+        return platform::Failure{platform::Failure::Kind::refused,
+                                 QStringLiteral("no panel is open")};
+    }
+
+    [[nodiscard]] QJsonValue openPanel() const {
+        if (delegate_->switcher().isOpen())
+            return QStringLiteral("switcher");
+        return desk_.panels().isPopoverShown() ? QJsonValue(QStringLiteral("popover"))
+                                               : QJsonValue();
+    }
+
+    // What of the bar a trace tells; some changes of it a trace does not show.
+    void noteBar() {
+        const QJsonObject shown =
+            delegate_->switcher().isOpen()
+                ? barFields(bar().content())
+                : QJsonObject{{QStringLiteral("state"), QStringLiteral("closed")}};
+        if (shown == noted_)
+            return;
+        noted_ = shown;
+        desk_.journal().panel(QStringLiteral("switcher"), shown);
+    }
+
     // In memory, in the shape of the file.
     [[nodiscard]] QJsonObject stats() const {
         return QJsonDocument::fromJson(stats::encodeStats(delegate_->stats().store())).object();
@@ -70,6 +155,8 @@ private:
 
     sim::SimDesktop& desk_;
     std::unique_ptr<app::AppDelegate> delegate_;
+    QJsonObject noted_;
+    QObject context_; // the connection ends with this
 };
 
 } // namespace

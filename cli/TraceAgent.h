@@ -18,6 +18,9 @@ public:
     virtual platform::Outcome start() = 0;
     // The person changes these keys of the running agent's document, which is saved as usual.
     virtual platform::Outcome changeSettings(const QJsonObject& set) = 0;
+    // The person points at an entry of the open panel, or clicks it, counted from 0.
+    virtual platform::Outcome hover(int index) = 0;
+    virtual platform::Outcome pick(int index) = 0;
     // "config", "hotkeys", "stats" and "panel" as the last line of a replay prints them. Asked of a
     // running agent only.
     [[nodiscard]] virtual QJsonObject snapshot() const = 0;

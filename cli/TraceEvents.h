@@ -106,7 +106,18 @@ struct PressHotkey { // hotkey
 struct PressButton { // press
     QString button;
 };
-struct LeavePanel {}; // panelKeyLost, and click with "outside"
+struct LeavePanel {};   // panelKeyLost
+struct ClickOutside {}; // click, with "outside"
+struct DisturbTap {     // tap, of the switcher
+    enum class How { timeout, disabled, invalid, unavailable };
+    How how = How::timeout;
+};
+struct HoverEntry { // hover
+    int index = 0;
+};
+struct PickEntry { // pick
+    int index = 0;
+};
 struct AnswerScript { // script
     QString receiver;
     platform::ScriptAnswer answer;
@@ -123,11 +134,12 @@ struct Wait { // wait
     platform::Instant until;
 };
 
-using What = std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust, DeclareApp,
-                          QuitApp, BringToFront, AddShortcut, AddFile, AddFolder, RemovePath,
-                          SetBookmark, SetDefaultApplication, RefuseCombo, RefuseHandler,
-                          IgnoreHide, Start, ChangeModifiers, PressKey, PressHotkey, PressButton,
-                          LeavePanel, AnswerScript, AnswerTabs, AnswerRequests, Wait>;
+using What =
+    std::variant<SetConfig, SetDefaults, SetClock, SetLocale, SetTrust, DeclareApp, QuitApp,
+                 BringToFront, AddShortcut, AddFile, AddFolder, RemovePath, SetBookmark,
+                 SetDefaultApplication, RefuseCombo, RefuseHandler, IgnoreHide, Start,
+                 ChangeModifiers, PressKey, PressHotkey, PressButton, LeavePanel, ClickOutside,
+                 DisturbTap, HoverEntry, PickEntry, AnswerScript, AnswerTabs, AnswerRequests, Wait>;
 
 struct Event {
     std::optional<platform::Instant> at; // absent: as soon as the one before is done

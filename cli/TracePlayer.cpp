@@ -234,8 +234,8 @@ Outcome TracePlayer::play(const ChangeModifiers& event, Instant seen) {
     return Done{};
 }
 
-Outcome TracePlayer::play(const PressKey&, Instant seen) {
-    desk_.pressKey(seen);
+Outcome TracePlayer::play(const PressKey& event, Instant seen) {
+    desk_.pressKey({event.keyCode, event.flags, event.text, event.repeat, seen});
     return Done{};
 }
 
@@ -252,6 +252,38 @@ Outcome TracePlayer::play(const PressButton& event, Instant) {
 Outcome TracePlayer::play(const LeavePanel&, Instant) {
     desk_.panels().clickOutside();
     return Done{};
+}
+
+Outcome TracePlayer::play(const ClickOutside&, Instant) {
+    desk_.clickOutside();
+    return Done{};
+}
+
+Outcome TracePlayer::play(const DisturbTap& event, Instant) {
+    using Disabled = platform::KeyInterceptor::Disabled;
+    switch (event.how) {
+    case DisturbTap::How::timeout:
+        desk_.keyEvents().interruptInterceptor(Disabled::timeout);
+        break;
+    case DisturbTap::How::disabled:
+        desk_.keyEvents().interruptInterceptor(Disabled::userInput);
+        break;
+    case DisturbTap::How::invalid:
+        desk_.keyEvents().loseInterceptor();
+        break;
+    case DisturbTap::How::unavailable:
+        desk_.keyEvents().refuseInterceptors();
+        break;
+    }
+    return Done{};
+}
+
+Outcome TracePlayer::play(const HoverEntry& event, Instant) {
+    return started_ ? agent_.hover(event.index) : refused(u"the agent does not run"_s);
+}
+
+Outcome TracePlayer::play(const PickEntry& event, Instant) {
+    return started_ ? agent_.pick(event.index) : refused(u"the agent does not run"_s);
 }
 
 Outcome TracePlayer::play(const AnswerRequests& event, Instant) {

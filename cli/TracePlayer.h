@@ -56,6 +56,10 @@ private:
     platform::Outcome play(const PressHotkey& event, platform::Instant seen);
     platform::Outcome play(const PressButton& event, platform::Instant seen);
     platform::Outcome play(const LeavePanel& event, platform::Instant seen);
+    platform::Outcome play(const ClickOutside& event, platform::Instant seen);
+    platform::Outcome play(const DisturbTap& event, platform::Instant seen);
+    platform::Outcome play(const HoverEntry& event, platform::Instant seen);
+    platform::Outcome play(const PickEntry& event, platform::Instant seen);
     platform::Outcome play(const AnswerScript& event, platform::Instant seen);
     platform::Outcome play(const AnswerTabs& event, platform::Instant seen);
     platform::Outcome play(const AnswerRequests& event, platform::Instant seen);

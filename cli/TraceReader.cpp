@@ -169,7 +169,27 @@ Result<What> press(const QJsonObject& event) {
 Result<What> click(const QJsonObject& event) {
     if (!event[u"outside"_s].toBool())
         return malformed(u"\"click\" needs \"outside\": true"_s);
-    return What(LeavePanel{});
+    return What(ClickOutside{});
+}
+
+DisturbTap::How disturbanceNamed(const QString& name) {
+    using How = DisturbTap::How;
+    return name == u"timeout"    ? How::timeout
+           : name == u"disabled" ? How::disabled
+           : name == u"invalid"  ? How::invalid
+                                 : How::unavailable;
+}
+
+Result<What> tap(const QJsonObject& event) {
+    const QString which = event[u"which"_s].toString();
+    if (which != u"switcher")
+        return Failure{Failure::Kind::unavailable,
+                       u"the tap \"%1\" is not simulated yet"_s.arg(which)};
+    return What(DisturbTap{disturbanceNamed(event[u"event"_s].toString())});
+}
+
+int entryIndex(const QJsonObject& event) {
+    return event[u"index"_s].toInt();
 }
 
 platform::ScriptError scriptError(const QJsonValue& number) {
@@ -294,6 +314,10 @@ constexpr auto builders = std::to_array<Builder>({
     {u"press", press},
     {u"panelKeyLost", [](const QJsonObject&) -> Result<What> { return What(LeavePanel{}); }},
     {u"click", click},
+    {u"tap", tap},
+    {u"hover",
+     [](const QJsonObject& e) -> Result<What> { return What(HoverEntry{entryIndex(e)}); }},
+    {u"pick", [](const QJsonObject& e) -> Result<What> { return What(PickEntry{entryIndex(e)}); }},
     {u"tabs", tabs},
     {u"script", script},
     {u"reply", reply},

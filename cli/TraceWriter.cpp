@@ -43,6 +43,20 @@ QJsonValue comboValue(const std::optional<KeyCombo>& combo) {
     return combo ? QJsonValue(comboText(*combo)) : QJsonValue();
 }
 
+QString disturbanceName(DisturbTap::How how) {
+    switch (how) {
+    case DisturbTap::How::timeout:
+        return u"timeout"_s;
+    case DisturbTap::How::disabled:
+        return u"disabled"_s;
+    case DisturbTap::How::invalid:
+        return u"invalid"_s;
+    case DisturbTap::How::unavailable:
+        return u"unavailable"_s;
+    }
+    return {};
+}
+
 QString consentName(sim::Consent consent) {
     switch (consent) {
     case sim::Consent::granted:
@@ -206,6 +220,18 @@ QJsonObject json(const PressButton& e) {
 }
 QJsonObject json(const LeavePanel&) {
     return named(u"panelKeyLost"_s);
+}
+QJsonObject json(const ClickOutside&) {
+    return named(u"click"_s, {{u"outside"_s, true}});
+}
+QJsonObject json(const DisturbTap& e) {
+    return named(u"tap"_s, {{u"which"_s, u"switcher"_s}, {u"event"_s, disturbanceName(e.how)}});
+}
+QJsonObject json(const HoverEntry& e) {
+    return named(u"hover"_s, {{u"index"_s, e.index}});
+}
+QJsonObject json(const PickEntry& e) {
+    return named(u"pick"_s, {{u"index"_s, e.index}});
 }
 QJsonObject json(const AnswerRequests& e) {
     QJsonObject event = named(u"reply"_s, {{u"path"_s, e.path}});

@@ -14,6 +14,7 @@ using platform::EventFlags;
 using platform::Failure;
 using platform::FileKind;
 using platform::Instant;
+using platform::KeyInterceptor;
 using platform::Outcome;
 
 namespace {
@@ -175,14 +176,32 @@ bool SimDesktop::pressHotkey(HotkeyCombo combo, Instant seen) {
     runPosted();
     keyEvents_.setModifiersDown(eventFlags(combo.carbonModifiers));
     keyEvents_.pressKey(seen);
-    const bool taken = hotkeys_.press(combo, seen);
+    const platform::KeyPress press{combo.keyCode, eventFlags(combo.carbonModifiers),
+                                   layout_.character(combo.keyCode).value_or(QString()), false,
+                                   seen};
+    const bool taken = keyEvents_.intercepted(press) == KeyInterceptor::Verdict::passed &&
+                       hotkeys_.press(combo, seen);
     runPosted();
     return taken;
 }
 
 void SimDesktop::pressKey(Instant seen) {
+    constexpr std::uint16_t nameless = 65535;
+    (void)pressKey(platform::KeyPress{nameless, {}, {}, false, seen});
+}
+
+bool SimDesktop::pressKey(const platform::KeyPress& press) {
     runPosted();
-    keyEvents_.pressKey(seen);
+    keyEvents_.pressKey(press.time);
+    const bool taken = keyEvents_.intercepted(press) == KeyInterceptor::Verdict::consumed;
+    runPosted();
+    return taken;
+}
+
+void SimDesktop::clickOutside() {
+    runPosted();
+    panels_.clickOutside();
+    pointer_.clickOutside();
     runPosted();
 }
 

@@ -17,6 +17,7 @@
 #include "platform/sim/SimInstances.h"
 #include "platform/sim/SimKeyEvents.h"
 #include "platform/sim/SimKeyboardCapture.h"
+#include "platform/sim/SimPointerEvents.h"
 #include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScripts.h"
 #include "platform/sim/SimShell.h"
@@ -88,19 +89,24 @@ public:
     // A folder goes with all that is in it.
     platform::Outcome removePath(const QString& path);
 
-    // The press of a combo: whoever listens to keys sees a key, then the hotkey fires if it is
-    // registered. Its modifiers count as held until the next changeModifiers(). `seen` is for a
-    // press that waited while the program was blocked. True where a registration took it.
+    // The press of a combo: whoever listens to keys sees a key, whoever intercepts keys may take
+    // it, else the hotkey fires if it is registered. Its modifiers count as held until the next
+    // changeModifiers(). `seen` is for a press that waited while the program was blocked. True
+    // where a registration took it.
     bool pressHotkey(HotkeyCombo combo) { return pressHotkey(combo, now()); }
     bool pressHotkey(HotkeyCombo combo, platform::Instant seen);
     // Some key without a hotkey goes down.
     void pressKey() { pressKey(now()); }
     void pressKey(platform::Instant seen);
+    // A key of which whoever intercepts keys learns all. True where it was taken.
+    bool pressKey(const platform::KeyPress& press);
     // A modifier key went down or up; `down` are those held after it.
     void changeModifiers(std::uint16_t keyCode, platform::EventFlags down) {
         changeModifiers(keyCode, down, now());
     }
     void changeModifiers(std::uint16_t keyCode, platform::EventFlags down, platform::Instant seen);
+    // A mouse button goes down outside every window of the program.
+    void clickOutside();
     // See SimAlerts.
     void pressAlertButton(const QString& button);
 
@@ -133,6 +139,7 @@ public:
     [[nodiscard]] SimStatusItem& statusItem() { return statusItem_; }
     [[nodiscard]] SimScreens& screens() { return screens_; }
     [[nodiscard]] SimPanels& panels() { return panels_; }
+    [[nodiscard]] SimPointerEvents& pointer() { return pointer_; }
     [[nodiscard]] SimLoginItem& loginItem() { return loginItem_; }
     [[nodiscard]] SimServicesMenu& servicesMenu() { return servicesMenu_; }
     [[nodiscard]] SimDistributedNotifications& distributedNotifications() {
@@ -172,7 +179,7 @@ private:
     SimCrashCapture crashCapture_;
     SimAccessibility accessibility_;
     SimScreenCapture screenCapture_;
-    platform::UnavailablePointerEvents pointer_;
+    SimPointerEvents pointer_;
     platform::Ports ports_;
     Trust trust_;
     Locale locale_;

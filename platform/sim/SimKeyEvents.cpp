@@ -72,6 +72,25 @@ platform::Result<KeyTap> SimKeyEvents::listen(KeyEventListener& listener) {
     return KeyTap([observation] { observation->reset(); });
 }
 
+platform::Result<KeyTap> SimKeyEvents::intercept(platform::KeyInterceptor& interceptor) {
+    if (!isAvailable())
+        return Failure{Failure::Kind::unavailable, availability_.reason};
+    if (refusesInterceptors_ || isIntercepted())
+        return Failure{Failure::Kind::refused, u"Another program holds the keyboard."_s};
+    interceptor_ = &interceptor;
+    return KeyTap([this] { interceptor_ = nullptr; });
+}
+
+platform::KeyInterceptor::Verdict SimKeyEvents::intercepted(const platform::KeyPress& press) {
+    return isIntercepted() ? interceptor_->keyPressed(press)
+                           : platform::KeyInterceptor::Verdict::passed;
+}
+
+void SimKeyEvents::interruptInterceptor(platform::KeyInterceptor::Disabled why) {
+    if (isIntercepted())
+        interceptor_->tapWasDisabled(why);
+}
+
 platform::Outcome SimKeyEvents::post(const platform::KeyStroke& stroke) {
     if (!isAvailable())
         return Failure{Failure::Kind::unavailable, availability_.reason};

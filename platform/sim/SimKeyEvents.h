@@ -25,8 +25,17 @@ public:
 
     void changeModifiers(const platform::ModifierEvent& event);
     void pressKey(platform::Instant seen);
+    // Shows the press to whoever intercepts keys, as a system's tap does before its own hotkeys.
+    platform::KeyInterceptor::Verdict intercepted(const platform::KeyPress& press);
     // What modifiersDown() answers without a modifier event, for a listener that missed it.
     void setModifiersDown(platform::EventFlags flags) { down_ = flags; }
+    // The system switches the interceptor's tap off and it is switched on again.
+    void interruptInterceptor(platform::KeyInterceptor::Disabled why);
+    // The interceptor's tap is dead without a word: no key reaches it any more.
+    void loseInterceptor() { interceptor_ = nullptr; }
+    // From now on nobody may intercept, as where another program holds the keyboard.
+    void refuseInterceptors() { refusesInterceptors_ = true; }
+    [[nodiscard]] bool isIntercepted() const { return interceptor_ != nullptr; }
     // Taps and posting fail while not available.
     void setAvailability(const platform::Availability& availability);
     [[nodiscard]] bool isListenedTo() const { return !listeners_.empty(); }
@@ -34,10 +43,8 @@ public:
     [[nodiscard]] platform::Availability availability() const override { return availability_; }
     [[nodiscard]] platform::Result<platform::KeyTap>
     listen(platform::KeyEventListener& listener) override;
-    [[nodiscard]] platform::Result<platform::KeyTap> intercept(platform::KeyInterceptor&) override {
-        return platform::Failure{platform::Failure::Kind::unavailable,
-                                 QStringLiteral("Keys cannot be taken over.")};
-    }
+    [[nodiscard]] platform::Result<platform::KeyTap>
+    intercept(platform::KeyInterceptor& interceptor) override;
     [[nodiscard]] platform::EventFlags modifiersDown() const override { return down_; }
     platform::Outcome post(const platform::KeyStroke& stroke) override;
 
@@ -50,6 +57,8 @@ private:
     platform::Availability availability_;
     platform::EventFlags down_;
     platform::Observers<const Tell&> listeners_;
+    platform::KeyInterceptor* interceptor_ = nullptr;
+    bool refusesInterceptors_ = false;
 };
 
 } // namespace skipnest::sim

@@ -46,6 +46,8 @@ public:
             config_[key.key()] = key.value();
         return Done{};
     }
+    Outcome hover(int) override { return Done{}; }
+    Outcome pick(int) override { return Done{}; }
     QJsonObject snapshot() const override { return {{u"config"_s, config_}}; }
 
 private:
