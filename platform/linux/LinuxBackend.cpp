@@ -57,7 +57,7 @@ struct Services {
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
                        baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
-          http(scheduler, executor, app.version), accessibility({}), screenCapture(scheduler, {}) {}
+          http(scheduler, executor, app.version), screenCapture(scheduler, {}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -74,7 +74,6 @@ struct Services {
     DBusNotifications distributedNotifications;
     platform::QtHttpClient http;
     std::unique_ptr<platform::CrashCapture> crashCapture = makeCrashCapture();
-    platform::UnavailableAccessibility accessibility;
     platform::UnavailableScreenCapture screenCapture;
     platform::UnavailablePointerEvents pointer;
 };
@@ -158,7 +157,7 @@ private:
                  services_->distributedNotifications,
                  services_->http,
                  *services_->crashCapture,
-                 services_->accessibility,
+                 applications_.accessibility,
                  services_->screenCapture,
                  services_->pointer} {}
 
@@ -182,7 +181,8 @@ public:
           entries_(services_.scheduler, services_.executor), hotkeys_(session), keyEvents_(session),
           workspace_(session, waylandSocketPath(QProcessEnvironment::systemEnvironment()), entries_,
                      services_.scheduler, services_.executor),
-          scripts_(session), keyboardCapture_(session, services_.scheduler),
+          scripts_(session), accessibility_(scripts_.availability()),
+          keyboardCapture_(session, services_.scheduler),
           desktop_(services_, app, QProcessEnvironment::systemEnvironment(), entries_, nullptr,
                    nullptr),
           ports_{app,
@@ -215,7 +215,7 @@ public:
                  services_.distributedNotifications,
                  services_.http,
                  *services_.crashCapture,
-                 services_.accessibility,
+                 accessibility_,
                  services_.screenCapture,
                  services_.pointer} {}
 
@@ -238,6 +238,7 @@ private:
     WaylandWorkspace workspace_;
     HeadlessApplications control_;
     HeadlessScripts scripts_;
+    platform::UnavailableAccessibility accessibility_;
     WindowKeyboardCapture keyboardCapture_;
     DesktopServices desktop_;
     platform::Ports ports_;

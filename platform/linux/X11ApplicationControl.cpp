@@ -54,9 +54,14 @@ Outcome X11ApplicationControl::activate(ProcessIdentifier pid, ActivationOption 
         return notRunning(pid);
     const xcb_window_t recent = application->windows.front();
     switch (option) {
-    case ActivationOption::none:
-        commands_.activate(recent);
+    case ActivationOption::none: {
+        // One of its windows that is on its way to the front is the one that is meant, though
+        // another was there more recently.
+        const auto& windows = application->windows;
+        if (std::find(windows.begin(), windows.end(), windows_.requestedActive()) == windows.end())
+            commands_.activate(recent);
         break;
+    }
     case ActivationOption::allWindows: {
         // From the bottom up, so that the order among them stays.
         const auto& windows = application->windows;

@@ -4,11 +4,12 @@
 #include "platform/linux/X11ApplicationControl.h"
 #include "platform/linux/X11ScriptRunner.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/windows/X11Accessibility.h"
 
 namespace skipnest::linuxdesktop {
 
-// The three ports about applications with all that they share, in the order in which it is built.
-// Everything given must outlive it.
+// The ports about applications and their windows with all that they share, in the order in which it
+// is built. Everything given must outlive it.
 struct X11ApplicationPorts {
     X11ApplicationPorts(X11Display& display, platform::Scheduler& scheduler,
                         platform::Executor& executor)
@@ -16,7 +17,8 @@ struct X11ApplicationPorts {
           commands(display, windows), launcher(executor), startup(display),
           workspace(scheduler, entries, windows, applications, commands, launcher, startup),
           control(scheduler, windows, applications, commands),
-          scripts(windows, applications, commands) {}
+          scripts(windows, applications, commands),
+          accessibility(display, scheduler, windows, applications, commands) {}
 
     DesktopEntries entries;
     X11Windows windows;
@@ -27,6 +29,7 @@ struct X11ApplicationPorts {
     X11Workspace workspace;
     X11ApplicationControl control;
     X11ScriptRunner scripts;
+    X11Accessibility accessibility;
 };
 
 } // namespace skipnest::linuxdesktop

@@ -27,6 +27,7 @@ X11WindowCommands::X11WindowCommands(X11Display& display, X11Windows& windows)
       deleteWindow_(display.atom("WM_DELETE_WINDOW")) {}
 
 void X11WindowCommands::activate(xcb_window_t window) {
+    windows_.noteRequestedActive(window);
     if (!windows_.hasWindowManager()) {
         force(window);
         return;
@@ -76,6 +77,7 @@ void X11WindowCommands::iconify(xcb_window_t window) {
     if (known != nullptr && known->iconic && !windows_.isHidden(*known))
         request(window, windowState_, addState, stateHidden_);
     request(window, changeState_, iconicState);
+    windows_.noteRequestedActive(XCB_WINDOW_NONE);
     xcb_flush(display_.connection());
 }
 

@@ -143,6 +143,16 @@ bool X11Windows::needsDesktop(std::uint32_t desktop) const {
            (requestedDesktop_ != X11Window::allDesktops && requestedDesktop_ != currentDesktop_);
 }
 
+void X11Windows::noteRequestedActive(xcb_window_t window) {
+    requestedActive_ = window;
+    requestedActiveAt_ = scheduler_.now();
+}
+
+xcb_window_t X11Windows::requestedActive() const {
+    return scheduler_.now() - requestedActiveAt_ < focusMovesWithin ? requestedActive_
+                                                                    : xcb_window_t{XCB_WINDOW_NONE};
+}
+
 platform::Observation X11Windows::observeChanges(std::function<void()> changed) {
     return changed_.add(std::move(changed));
 }
@@ -328,6 +338,7 @@ void X11Windows::setActive(xcb_window_t active) {
     active_ = active;
     if (active == XCB_WINDOW_NONE)
         return;
+    requestedActive_ = XCB_WINDOW_NONE;
     focusOrder_[active] = ++lastSerial_;
     if (const auto found = windows_.find(active); found != windows_.end())
         found->second.focused = lastSerial_;

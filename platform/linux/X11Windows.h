@@ -68,6 +68,10 @@ public:
     // A switch asked of the window manager counts as under way until it says where we are.
     void noteRequestedDesktop(std::uint32_t desktop) { requestedDesktop_ = desktop; }
     [[nodiscard]] bool needsDesktop(std::uint32_t desktop) const;
+    // The window whose activation was asked for and may still be under way. None as soon as any
+    // window has come to the front, or it takes too long.
+    void noteRequestedActive(xcb_window_t window);
+    [[nodiscard]] xcb_window_t requestedActive() const;
 
     // Told on the main thread when a burst of changes has been taken in, never from inside
     // settle().
@@ -126,6 +130,8 @@ private:
     xcb_window_t active_ = XCB_WINDOW_NONE;
     xcb_window_t lastActive_ = XCB_WINDOW_NONE;
     platform::Instant activeLostAt_;
+    xcb_window_t requestedActive_ = XCB_WINDOW_NONE;
+    platform::Instant requestedActiveAt_;
     std::uint32_t currentDesktop_ = 0;
     std::uint32_t requestedDesktop_ = X11Window::allDesktops;
     std::uint64_t generation_ = 1;

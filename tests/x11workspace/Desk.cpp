@@ -44,8 +44,22 @@ xcb_window_t ToyWindows::show(const Look& look) {
     if (look.machine != nullptr)
         set(XCB_ATOM_WM_CLIENT_MACHINE, XCB_ATOM_STRING, 8, std::strlen(look.machine),
             look.machine);
-    const xcb_atom_t type = atom(look.type);
-    set(atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &type);
+    const auto setText = [&](xcb_atom_t property, xcb_atom_t type, const QByteArray& text) {
+        if (!text.isEmpty())
+            set(property, type, 8, std::size_t(text.size()), text.constData());
+    };
+    setText(atom("_NET_WM_NAME"), atom("UTF8_STRING"), look.title);
+    setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, look.plainTitle);
+    if (look.leader != XCB_WINDOW_NONE)
+        set(XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &look.leader);
+    const auto setAtom = [&](const char* property, const char* value) {
+        if (value == nullptr)
+            return;
+        const xcb_atom_t named = atom(value);
+        set(atom(property), XCB_ATOM_ATOM, 32, 1, &named);
+    };
+    setAtom("_NET_WM_WINDOW_TYPE", look.type);
+    setAtom("_NET_WM_STATE", look.state);
     xcb_map_window(connection_, window);
     xcb_flush(connection_);
     return window;

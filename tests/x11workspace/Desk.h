@@ -28,7 +28,12 @@ public:
         std::uint32_t pid = 0;
         const char* type = "_NET_WM_WINDOW_TYPE_NORMAL";
         const char* machine = nullptr;
+        QByteArray title = {};      // _NET_WM_NAME
+        QByteArray plainTitle = {}; // WM_NAME
+        xcb_window_t leader = XCB_WINDOW_NONE;
+        const char* state = nullptr;
     };
+    // What is null, or empty, is not set.
     xcb_window_t show(const Look& look);
 
 private:

@@ -1,0 +1,5 @@
+# The windows of other programs: what they show of themselves, and bringing one forward.
+list(APPEND LINUX_SOURCES
+    windows/X11Accessibility.cpp
+    windows/X11WindowDetails.cpp
+)
