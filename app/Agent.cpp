@@ -4,6 +4,7 @@
 #include "platform/Diagnostics.h"
 #include "platform/Files.h"
 #include "platform/HotkeyBackend.h"
+#include "platform/ScriptRunner.h"
 
 #include <QStringBuilder>
 
@@ -71,6 +72,9 @@ void Agent::listen(const std::function<void()>& quit) {
         !listening)
         ports.diagnostics.print(u"[Skipnest] The command line cannot reach this agent: " %
                                 listening.failure().detail);
+    if (const Outcome accepting = ports.scripts.acceptBrowsers(); !accepting)
+        ports.diagnostics.print(u"[Skipnest] Browsers cannot reach this agent: " %
+                                accepting.failure().detail);
 }
 
 void Agent::handOver() {

@@ -50,7 +50,7 @@ AppDelegate::AppDelegate(const platform::Ports& ports, Options options)
                     stats_.record(stats::JumpStats::Kind::switcher, application);
                 }),
       counter_(std::make_unique<Counter>(stats_)), jumps_(ports, focus_, switcher_, *counter_),
-      cycler_(ports) {
+      cycler_(ports), switcherHooks_(ports, switcher_, browserTabs_) {
     switcher_.setShortcuts([this](const model::KeyCombo& combo) {
         return std::ranges::any_of(hotkeys_.registered(), [&combo](const auto& entry) {
             return entry.hotkey.combo == combo;
@@ -92,11 +92,12 @@ void AppDelegate::continueLaunch(const LaunchSteps& steps) {
     if (options_.setup == Options::Setup::check &&
         MenuBarShell::needsOnboarding(viewModel_->config()))
         shell_->showOnboarding();
-    debugHooks_.install(ports_,
-                        {{QStringLiteral("onboarding"), [this](const QString&) {
-                              ports_.diagnostics.log(QStringLiteral("ONBOARDING: show requested"));
-                              shell_->showOnboarding();
-                          }}});
+    auto hooks = switcherHooks_.hooks();
+    hooks.push_back({QStringLiteral("onboarding"), [this](const QString&) {
+                         ports_.diagnostics.log(QStringLiteral("ONBOARDING: show requested"));
+                         shell_->showOnboarding();
+                     }});
+    debugHooks_.install(ports_, std::move(hooks));
     if (steps.finished)
         steps.finished();
     ports_.scheduler.post([this, alive = alive_] {

@@ -3,6 +3,7 @@
 
 #include "app/DebugHooks.h"
 #include "app/MenuBarShell.h"
+#include "app/SwitcherHooks.h"
 #include "app/WebClients.h"
 #include "hotkeys/FocusTracker.h"
 #include "hotkeys/HotkeyManager.h"
@@ -104,6 +105,7 @@ private:
     std::unique_ptr<model::ShortcutListViewModel> viewModel_;
     std::unique_ptr<model::ShortcutTransfer> transfer_;
     std::unique_ptr<MenuBarShell> shell_;
+    SwitcherHooks switcherHooks_;
     DebugHooks debugHooks_;
     std::optional<bool> launchAtLogin_; // as last applied
     bool isAnswerAwaited_ = false;      // the person asked for updates

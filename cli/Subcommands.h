@@ -18,6 +18,11 @@ ExitStatus runTabsOutput(const Arguments& arguments, const Context& context);
 ExitStatus runTitlesMatch(const Arguments& arguments, const Context& context);
 ExitStatus runReplay(const Arguments& arguments, const Context& context);
 
+// What browsers need to be connected: writes into the person's own folders.
+ExitStatus runBrowserInstall(const Arguments& arguments, const Context& context);
+ExitStatus runBrowserRemove(const Arguments& arguments, const Context& context);
+ExitStatus runBrowserStatus(const Arguments& arguments, const Context& context);
+
 ExitStatus runDoctor(const Arguments& arguments, const Context& context);
 
 // To the running agent.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Availability.h"
+#include "platform/Result.h"
 #include "platform/Scheduler.h"
 
 #include <QString>
@@ -69,6 +70,10 @@ public:
     // Browsers whose tabs can be asked for here beyond those of every system, by identifier; they
     // are asked by meaning, their script texts are never run.
     [[nodiscard]] virtual QStringList furtherBrowsers() const { return {}; }
+
+    // From here on browsers that have to connect by themselves may do so. Called once, by the
+    // process that is the agent.
+    virtual Outcome acceptBrowsers() { return Done{}; }
 
     // Waits at most `budget` for the answer. A late answer is dropped.
     [[nodiscard]] virtual ScriptAnswer run(const ScriptRequest& request, Duration budget) = 0;

@@ -8,6 +8,7 @@
 #include "ui/Engine.h"
 #include "ui/PopoverModel.h"
 #include "ui/onboarding/OnboardingModel.h"
+#include "ui/switcher/SwitcherBarWindow.h"
 
 #include <QEvent>
 #include <QJsonValue>
@@ -25,9 +26,12 @@ QuickPanels::~QuickPanels() {
 
 void QuickPanels::attach(app::AppDelegate& agent) {
     agent_ = &agent;
+    switcherModel_ = &agent.switcher().model();
 }
 
 void QuickPanels::detach() {
+    switcherBar_.reset();
+    switcherModel_ = nullptr;
     onboarding_.reset();
     onboardingModel_.reset();
     popover_.reset();
@@ -36,8 +40,10 @@ void QuickPanels::detach() {
     agent_ = nullptr;
 }
 
-void QuickPanels::createPopover() {
+void QuickPanels::createEngine() {
     Q_ASSERT(agent_ != nullptr);
+    if (engine_ != nullptr)
+        return;
     auto& list = agent_->viewModel();
     engine_ = makeEngine(agent_->ports().icons, list.theme());
     connect(&list, &model::ShortcutListViewModel::themeChanged, this,
@@ -48,7 +54,10 @@ void QuickPanels::createPopover() {
     };
     takeMotion();
     connect(&list, &model::ShortcutListViewModel::settingsChanged, this, takeMotion);
+}
 
+void QuickPanels::createPopover() {
+    createEngine();
     popoverModel_ = std::make_unique<PopoverModel>(*agent_);
     popover_ = std::make_unique<QQuickView>(engine_.get(), nullptr);
     popover_->setTitle(QStringLiteral("Skipnest"));
@@ -105,11 +114,21 @@ platform::Observation QuickPanels::observePopoverHidden(std::function<void()> hi
     return hidden_.add(std::move(hidden));
 }
 
-void QuickPanels::createSwitcherBar() {}
+void QuickPanels::createSwitcherBar() {
+    createEngine();
+    switcherBar_ =
+        std::make_unique<SwitcherBarWindow>(*engine_, *switcherModel_, agent_->ports().executor);
+}
 
-void QuickPanels::showSwitcherBar(const QRect&) {}
+void QuickPanels::showSwitcherBar(const QRect& available) {
+    if (switcherBar_ != nullptr)
+        switcherBar_->show(available);
+}
 
-void QuickPanels::hideSwitcherBar() {}
+void QuickPanels::hideSwitcherBar() {
+    if (switcherBar_ != nullptr)
+        switcherBar_->hide();
+}
 
 bool QuickPanels::isOnboardingShown() const {
     return onboarding_ != nullptr && onboarding_->isVisible();

@@ -14,13 +14,19 @@ namespace skipnest::app {
 class AppDelegate;
 }
 
+namespace skipnest::switcher {
+class SwitcherModel;
+}
+
 namespace skipnest::ui {
 
 class OnboardingModel;
 class PopoverModel;
+class SwitcherBarWindow;
 
-// The popover and the onboarding window in Qt Quick. The popover is built once and only shown and
-// hidden afterwards; onboarding is made when it is needed and gone when it is closed.
+// The popover, the switcher's bar and the onboarding window in Qt Quick. Popover and bar are built
+// once and only shown and hidden afterwards; onboarding is made when it is needed and gone when it
+// is closed.
 class QuickPanels final : public QObject, public platform::PanelHost {
     Q_OBJECT
 public:
@@ -31,6 +37,9 @@ public:
     // the panels or be taken back by detach().
     void attach(app::AppDelegate& agent);
     void detach();
+    // For tests and pictures: the bar that is created next shows this model, which must live until
+    // detach(), and not the agent's.
+    void setSwitcher(switcher::SwitcherModel& model) { switcherModel_ = &model; }
 
     void createPopover() override;
     [[nodiscard]] QSize popoverSize() const override;
@@ -49,8 +58,10 @@ public:
     [[nodiscard]] QQuickView* popoverView() const { return popover_.get(); }
     [[nodiscard]] QQuickView* onboardingView() const { return onboarding_.get(); }
     [[nodiscard]] PopoverModel& popoverModel() const { return *popoverModel_; }
+    [[nodiscard]] SwitcherBarWindow* switcherBar() const { return switcherBar_.get(); }
 
 private:
+    void createEngine();
     bool eventFilter(QObject* watched, QEvent* event) override;
     void popoverLostFocus();
 
@@ -60,6 +71,8 @@ private:
     std::unique_ptr<QQuickView> popover_;
     std::unique_ptr<OnboardingModel> onboardingModel_;
     std::unique_ptr<QQuickView> onboarding_;
+    switcher::SwitcherModel* switcherModel_ = nullptr;
+    std::unique_ptr<SwitcherBarWindow> switcherBar_;
     platform::Observers<> hidden_;
 };
 

@@ -81,8 +81,16 @@ Availability HeadlessScripts::availability() const {
                                       "session."));
 }
 
-platform::ScriptAnswer HeadlessScripts::run(const platform::ScriptRequest&, platform::Duration) {
-    return platform::ScriptError{notHandled, availability().reason};
+platform::ScriptAnswer HeadlessScripts::run(const platform::ScriptRequest& request,
+                                            platform::Duration budget) {
+    return std::visit(
+        [this, budget](const auto& meaning) -> platform::ScriptAnswer {
+            if constexpr (std::is_same_v<decltype(meaning), const platform::CycleWindows&>)
+                return platform::ScriptError{notHandled, availability().reason};
+            else
+                return tabs_.run(meaning, budget);
+        },
+        request.meaning);
 }
 
 platform::ApplicationState HeadlessApplications::state(platform::ProcessIdentifier) const {

@@ -6,6 +6,7 @@
 #include "platform/ScriptRunner.h"
 #include "platform/Workspace.h"
 #include "platform/linux/SessionKind.h"
+#include "platform/linux/browser/ExtensionTabs.h"
 
 namespace skipnest::linuxdesktop {
 
@@ -51,20 +52,23 @@ private:
     SessionKind session_;
 };
 
-// Answers every script with errAEEventNotHandled, which is also what an application that knows no
-// such command says.
+// Answers every script about windows with errAEEventNotHandled, which is also what an application
+// that knows no such command says. The extensions of browsers work as everywhere.
 class HeadlessScripts final : public platform::ScriptRunner {
 public:
     static constexpr int notHandled = -1708;
 
-    explicit HeadlessScripts(SessionKind session) : session_(session) {}
+    HeadlessScripts(SessionKind session, ExtensionTabs& tabs) : session_(session), tabs_(tabs) {}
 
     [[nodiscard]] platform::Availability availability() const override;
+    [[nodiscard]] QStringList furtherBrowsers() const override { return ExtensionTabs::browsers(); }
+    platform::Outcome acceptBrowsers() override { return tabs_.listen(); }
     [[nodiscard]] platform::ScriptAnswer run(const platform::ScriptRequest& request,
                                              platform::Duration budget) override;
 
 private:
     SessionKind session_;
+    ExtensionTabs& tabs_;
 };
 
 // Nobody tells us which applications run, so there is no process to command.

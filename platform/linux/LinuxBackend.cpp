@@ -24,11 +24,14 @@
 #include "platform/linux/X11KeyEvents.h"
 #include "platform/linux/X11KeyboardLayout.h"
 #include "platform/linux/X11Keymap.h"
+#include "platform/linux/X11PointerEvents.h"
+#include "platform/linux/browser/ExtensionTabs.h"
 #include "platform/linux/crash/AlternateStack.h"
 #include "platform/linux/crash/LinuxCrashCapture.h"
 #include "platform/linux/index/LinuxFileIndex.h"
 #include "platform/linux/keys/LinuxDesktopShortcuts.h"
 #include "platform/linux/keys/X11KeyboardCapture.h"
+#include "platform/linux/previews/X11ScreenCapture.h"
 #include "platform/linux/shell/DBusNotifications.h"
 #include "platform/linux/shell/DetachedProcesses.h"
 #include "platform/linux/shell/FileManagerMenu.h"
@@ -123,8 +126,11 @@ private:
           keymap_(*display_, services_->scheduler),
           hotkeys_(*display_, keymap_, services_->scheduler), layout_(keymap_),
           keyEvents_(*display_, keymap_, services_->scheduler),
-          applications_(*display_, services_->scheduler, services_->executor),
+          applications_(*display_, services_->scheduler, services_->executor, app.runtimeFolder),
           keyboardCapture_(*display_, keymap_, services_->scheduler),
+          screenCapture_(*display_, services_->scheduler, services_->executor,
+                         applications_.windows, applications_.applications),
+          pointer_(*display_, services_->scheduler),
           desktop_(*services_, app, QProcessEnvironment::systemEnvironment(), applications_.entries,
                    display_.get(), &keymap_),
           ports_{app,
@@ -158,8 +164,8 @@ private:
                  services_->http,
                  *services_->crashCapture,
                  applications_.accessibility,
-                 services_->screenCapture,
-                 services_->pointer} {}
+                 screenCapture_,
+                 pointer_} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -169,6 +175,8 @@ private:
     X11KeyEvents keyEvents_;
     X11ApplicationPorts applications_;
     X11KeyboardCapture keyboardCapture_;
+    X11ScreenCapture screenCapture_;
+    X11PointerEvents pointer_;
     DesktopServices desktop_;
     platform::Ports ports_;
 };
@@ -181,8 +189,8 @@ public:
           entries_(services_.scheduler, services_.executor), hotkeys_(session), keyEvents_(session),
           workspace_(session, waylandSocketPath(QProcessEnvironment::systemEnvironment()), entries_,
                      services_.scheduler, services_.executor),
-          scripts_(session), accessibility_(scripts_.availability()),
-          keyboardCapture_(session, services_.scheduler),
+          tabs_(services_.scheduler, app.runtimeFolder), scripts_(session, tabs_),
+          accessibility_(scripts_.availability()), keyboardCapture_(session, services_.scheduler),
           desktop_(services_, app, QProcessEnvironment::systemEnvironment(), entries_, nullptr,
                    nullptr),
           ports_{app,
@@ -237,6 +245,7 @@ private:
     HeadlessKeyEvents keyEvents_;
     WaylandWorkspace workspace_;
     HeadlessApplications control_;
+    ExtensionTabs tabs_;
     HeadlessScripts scripts_;
     platform::UnavailableAccessibility accessibility_;
     WindowKeyboardCapture keyboardCapture_;

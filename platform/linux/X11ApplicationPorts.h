@@ -12,12 +12,12 @@ namespace skipnest::linuxdesktop {
 // is built. Everything given must outlive it.
 struct X11ApplicationPorts {
     X11ApplicationPorts(X11Display& display, platform::Scheduler& scheduler,
-                        platform::Executor& executor)
+                        platform::Executor& executor, const QString& runtimeFolder = {})
         : entries(scheduler, executor), windows(display, scheduler), applications(windows, entries),
           commands(display, windows), launcher(executor), startup(display),
           workspace(scheduler, entries, windows, applications, commands, launcher, startup),
-          control(scheduler, windows, applications, commands),
-          scripts(windows, applications, commands),
+          control(scheduler, windows, applications, commands), tabs(scheduler, runtimeFolder),
+          scripts(windows, applications, commands, tabs, display),
           accessibility(display, scheduler, windows, applications, commands) {}
 
     DesktopEntries entries;
@@ -28,6 +28,7 @@ struct X11ApplicationPorts {
     X11StartupNotification startup;
     X11Workspace workspace;
     X11ApplicationControl control;
+    ExtensionTabs tabs;
     X11ScriptRunner scripts;
     X11Accessibility accessibility;
 };

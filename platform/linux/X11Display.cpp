@@ -167,6 +167,10 @@ bool X11Display::nativeEventFilter(const QByteArray& eventType, void* message, q
         break;
     }
     observers_.notify(event);
+    return offer(event);
+}
+
+bool X11Display::offer(const xcb_generic_event_t& event) const {
     const auto filter = filter_; // it may go away while it is being asked
     return filter && (*filter)(event);
 }

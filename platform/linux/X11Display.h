@@ -46,6 +46,9 @@ public:
     using EventFilter = std::function<bool(const xcb_generic_event_t&)>;
     [[nodiscard]] platform::Observation filterEvents(EventFilter filter);
 
+    // Asks that filter about an event that was kept from everybody until now.
+    [[nodiscard]] bool offer(const xcb_generic_event_t& event) const;
+
     // Adds to what this connection hears of a window without taking away what Qt selected there.
     void addEventMask(xcb_window_t window, std::uint32_t mask);
     // The same for the root window until dropped: bits that nobody else wants go away again.

@@ -2,9 +2,6 @@
 #include "platform/linux/X11KeyEvents.h"
 
 #include <xcb/xinput.h>
-#include <xcb/xtest.h>
-
-#include <algorithm>
 
 namespace skipnest::linuxdesktop {
 namespace {
@@ -27,10 +24,9 @@ bool present(xcb_connection_t* connection, xcb_extension_t* extension) {
 
 X11KeyEvents::X11KeyEvents(X11Display& display, X11Keymap& keymap, platform::Scheduler& scheduler,
                            QByteArray tapDisplay)
-    : display_(display), keymap_(keymap), scheduler_(scheduler),
-      tapDisplay_(std::move(tapDisplay)) {
+    : display_(display), keymap_(keymap), scheduler_(scheduler), tapDisplay_(std::move(tapDisplay)),
+      strokes_(display, keymap), interception_(display, keymap, scheduler, strokes_) {
     xcb_prefetch_extension_data(display_.connection(), &xcb_input_id);
-    xcb_prefetch_extension_data(display_.connection(), &xcb_test_id);
 }
 
 X11KeyEvents::~X11KeyEvents() = default;
@@ -46,7 +42,7 @@ Availability X11KeyEvents::availability() const {
         return {State::unavailable,
                 QStringLiteral("The X server has closed the connection for key events."),
                 QStringLiteral("Restart the program.")};
-    if (!present(display_.connection(), &xcb_test_id))
+    if (!strokes_.available())
         return {State::limited,
                 QStringLiteral("The X server has no XTEST extension, so no keys can be typed into "
                                "other programs."),
@@ -58,8 +54,8 @@ Result<KeyTap> X11KeyEvents::listen(platform::KeyEventListener& listener) {
     if (raw_ && raw_->broken())
         raw_.reset();
     if (!raw_) {
-        auto opened = X11RawKeys::open(tapDisplay_, scheduler_,
-                                       [this](const X11RawKeys::Event& event) { handle(event); });
+        auto opened = X11RawInput::open(tapDisplay_, scheduler_, X11RawInput::Devices::keyboard,
+                                        [this](const X11RawInput::Event& event) { handle(event); });
         if (!opened.ok())
             return opened.failure();
         raw_ = std::move(opened).value();
@@ -86,20 +82,21 @@ Result<KeyTap> X11KeyEvents::listen(platform::KeyEventListener& listener) {
     });
 }
 
-void X11KeyEvents::handle(const X11RawKeys::Event& event) {
-    using Kind = X11RawKeys::Event::Kind;
+void X11KeyEvents::handle(const X11RawInput::Event& event) {
+    using Kind = X11RawInput::Event::Kind;
     if (event.kind == Kind::repeat)
         return;
+    const auto keycode = static_cast<xcb_keycode_t>(event.detail);
     const platform::Instant time = display_.instant(event.time);
     const bool pressed = event.kind == Kind::press;
     display_.noteServerTime(event.time);
 
     // A key that changes its meaning while it is down is released as what it was pressed as.
-    const auto held = down_.find(event.keycode);
+    const auto held = down_.find(keycode);
     std::optional<ModifierKey> key;
     if (held != down_.end())
         key = held->second;
-    else if (const ModifierKey* found = keymap_.current().modifierKey(event.keycode))
+    else if (const ModifierKey* found = keymap_.current().modifierKey(keycode))
         key = *found;
     if (!key) {
         if (pressed)
@@ -108,9 +105,9 @@ void X11KeyEvents::handle(const X11RawKeys::Event& event) {
     }
     // Releases without a press are common (remote desktops, key tools) and take nothing away.
     if (pressed)
-        down_.insert_or_assign(event.keycode, *key);
+        down_.insert_or_assign(keycode, *key);
     else
-        down_.erase(event.keycode);
+        down_.erase(keycode);
     capsLocked_ = key->keyCode == capsLockKey ? keymap_.queryCapsLocked() : keymap_.capsLocked();
 
     EventFlags flags{capsLocked_ ? EventFlags::capsLock : 0};
@@ -119,16 +116,9 @@ void X11KeyEvents::handle(const X11RawKeys::Event& event) {
     modifierListeners_.notify({time, key->keyCode, flags});
 }
 
-std::vector<xcb_keycode_t> X11KeyEvents::queryKeysDown() const {
-    xcb_connection_t* connection = display_.connection();
-    const XcbPtr<xcb_query_keymap_reply_t> reply(
-        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
-    return reply ? keysDown(*reply) : std::vector<xcb_keycode_t>{};
-}
-
 EventFlags X11KeyEvents::modifiersDown() const {
     EventFlags flags{keymap_.capsLocked() ? EventFlags::capsLock : 0};
-    for (const xcb_keycode_t keycode : queryKeysDown()) {
+    for (const xcb_keycode_t keycode : queryKeysDown(display_.connection())) {
         if (const ModifierKey* key = keymap_.current().modifierKey(keycode))
             flags.bits |= key->flag;
     }
@@ -136,59 +126,15 @@ EventFlags X11KeyEvents::modifiersDown() const {
 }
 
 Outcome X11KeyEvents::post(const platform::KeyStroke& stroke) {
-    xcb_connection_t* connection = display_.connection();
-    if (!present(connection, &xcb_test_id))
-        return Failure{Failure::Kind::unavailable,
-                       QStringLiteral("The X server has no XTEST extension.")};
-    const KeyboardMap& map = keymap_.current();
-    const auto keycode = map.keycode(stroke.keyCode);
+    const auto keycode = keymap_.current().keycode(stroke.keyCode);
     if (!keycode)
         return Failure{Failure::Kind::notFound,
                        QStringLiteral("This keyboard has no key %1.").arg(stroke.keyCode)};
+    return strokes_.press(*keycode, stroke.flags, X11KeyStrokes::LevelKeys::release);
+}
 
-    constexpr std::uint64_t modifierFlags =
-        EventFlags::shift | EventFlags::control | EventFlags::alternate | EventFlags::command;
-    std::uint64_t missing = stroke.flags.bits & modifierFlags;
-    bool keyIsDown = false;
-    std::vector<xcb_keycode_t> inTheWay;
-    for (const xcb_keycode_t down : queryKeysDown()) {
-        const ModifierKey* key = map.modifierKey(down);
-        // A person may be holding the very key; a second press of it would be none.
-        keyIsDown = keyIsDown || down == *keycode;
-        if (key != nullptr && !key->choosesLevel && (stroke.flags.bits & key->flag) != 0)
-            missing &= ~key->flag;
-        else if (key != nullptr && key->flag != 0)
-            inTheWay.push_back(down);
-    }
-    std::vector<xcb_keycode_t> added;
-    for (const ModifierKey& key : map.modifierKeys) {
-        if (key.choosesLevel || (missing & key.flag) == 0)
-            continue;
-        added.push_back(key.keycode);
-        missing &= ~key.flag;
-    }
-    if (missing != 0)
-        return Failure{Failure::Kind::notFound,
-                       QStringLiteral("This keyboard lacks a modifier of the key stroke.")};
-
-    const auto fake = [&](std::uint8_t type, xcb_keycode_t code) {
-        xcb_test_fake_input(connection, type, code, XCB_CURRENT_TIME, display_.root(), 0, 0, 0);
-    };
-    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
-    for (const xcb_keycode_t code : inTheWay)
-        fake(XCB_KEY_RELEASE, code);
-    for (const xcb_keycode_t code : added)
-        fake(XCB_KEY_PRESS, code);
-    if (keyIsDown)
-        fake(XCB_KEY_RELEASE, *keycode);
-    fake(XCB_KEY_PRESS, *keycode);
-    fake(XCB_KEY_RELEASE, *keycode);
-    for (auto code = added.rbegin(); code != added.rend(); ++code)
-        fake(XCB_KEY_RELEASE, *code);
-    for (const xcb_keycode_t code : inTheWay)
-        fake(XCB_KEY_PRESS, code);
-    xcb_flush(connection);
-    return platform::Done{};
+Result<KeyTap> X11KeyEvents::intercept(platform::KeyInterceptor& interceptor) {
+    return interception_.begin(interceptor);
 }
 
 } // namespace skipnest::linuxdesktop

@@ -89,6 +89,24 @@ const ModifierKey* KeyboardMap::modifierKey(xcb_keycode_t keycode) const {
     return found == modifierKeys.end() ? nullptr : &*found;
 }
 
+std::optional<std::uint16_t> KeyboardMap::keyCodeOf(xcb_keycode_t keycode) const {
+    const auto found = std::ranges::find(keycodes, keycode);
+    if (found == keycodes.end())
+        return std::nullopt;
+    return static_cast<std::uint16_t>(found - keycodes.begin());
+}
+
+EventFlags KeyboardMap::flags(std::uint16_t state) const {
+    EventFlags flags{(state & XCB_MOD_MASK_LOCK) != 0 ? EventFlags::capsLock : 0};
+    for (const auto& [mask, flag] :
+         {std::pair{commandMask, EventFlags::command}, std::pair{optionMask, EventFlags::alternate},
+          std::pair{controlMask, EventFlags::control}, std::pair{shiftMask, EventFlags::shift}}) {
+        if ((state & mask) != 0)
+            flags.bits |= flag;
+    }
+    return flags;
+}
+
 X11Keymap::X11Keymap(X11Display& display, platform::Scheduler& scheduler)
     : display_(display), scheduler_(scheduler), context_(xkb_context_new(XKB_CONTEXT_NO_FLAGS)) {
     if (!context_ || !setUp())
@@ -129,6 +147,25 @@ bool X11Keymap::queryCapsLocked() const {
     const XcbPtr<xcb_xkb_get_state_reply_t> reply(
         xcb_xkb_get_state_reply(connection, cookie, nullptr));
     return reply && (reply->lockedMods & XCB_MOD_MASK_LOCK) != 0;
+}
+
+QString X11Keymap::text(xcb_keycode_t keycode, std::uint16_t state) const {
+    if (!keymap_)
+        return {};
+    struct Unreference {
+        void operator()(xkb_state* typing) const { xkb_state_unref(typing); }
+    };
+    const std::unique_ptr<xkb_state, Unreference> typing(xkb_state_new(keymap_.get()));
+    constexpr std::uint16_t modifierBits = 0xff;
+    const xkb_layout_index_t group = (state >> 13) & 3U;
+    xkb_state_update_mask(typing.get(), state & modifierBits, 0, 0, 0, 0, group);
+    std::array<char, 32> utf8{};
+    const int length = xkb_state_key_get_utf8(typing.get(), keycode, utf8.data(), utf8.size());
+    const QString typed = QString::fromUtf8(utf8.data(), std::clamp(length, 0, 31));
+    // Return, Escape and letters with Control are control characters here.
+    const bool prints = std::ranges::none_of(
+        typed, [](QChar character) { return character.category() == QChar::Other_Control; });
+    return prints ? typed : QString();
 }
 
 platform::Observation X11Keymap::observeChanges(std::function<void()> changed) {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/EventFlags.h"
 #include "platform/Observers.h"
 #include "platform/Scheduler.h"
 #include "platform/linux/KeyTable.h"
 #include "platform/linux/X11Display.h"
+
+#include <QString>
 
 #include <xkbcommon/xkbcommon.h>
 
@@ -46,6 +49,10 @@ struct KeyboardMap {
     // The X modifiers of CarbonModifiers bits; nothing where this keyboard lacks one of them.
     [[nodiscard]] std::optional<std::uint16_t> modifierMask(std::uint32_t carbonModifiers) const;
     [[nodiscard]] const ModifierKey* modifierKey(xcb_keycode_t keycode) const;
+    // The kVK_* code of an X keycode; nothing for keys without one.
+    [[nodiscard]] std::optional<std::uint16_t> keyCodeOf(xcb_keycode_t keycode) const;
+    // The modifiers in the state of an X event.
+    [[nodiscard]] platform::EventFlags flags(std::uint16_t state) const;
 };
 
 // Follows the core keyboard: which X key is which kVK_* code, which modifier bit is Super, which
@@ -67,6 +74,10 @@ public:
     [[nodiscard]] bool capsLocked() const { return (lockedModifiers_ & XCB_MOD_MASK_LOCK) != 0; }
     // The same asked of the server.
     [[nodiscard]] bool queryCapsLocked() const;
+
+    // What a key types under the state of an X event, compositions left out; empty for keys that
+    // type nothing.
+    [[nodiscard]] QString text(xcb_keycode_t keycode, std::uint16_t state) const;
 
     // Told when current() has become a different one.
     [[nodiscard]] platform::Observation observeChanges(std::function<void()> changed);

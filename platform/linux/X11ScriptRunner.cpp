@@ -15,8 +15,10 @@ constexpr int noSuchObject = -1719;
 } // namespace
 
 X11ScriptRunner::X11ScriptRunner(X11Windows& windows, X11Applications& applications,
-                                 X11WindowCommands& commands)
-    : windows_(windows), applications_(applications), commands_(commands) {}
+                                 X11WindowCommands& commands, ExtensionTabs& tabs,
+                                 const X11Display& display)
+    : windows_(windows), applications_(applications), commands_(commands), tabs_(tabs),
+      details_(display) {}
 
 platform::Availability X11ScriptRunner::availability() const {
     windows_.settle();
@@ -27,11 +29,19 @@ platform::Availability X11ScriptRunner::availability() const {
             QStringLiteral("Start a window manager.")};
 }
 
-ScriptAnswer X11ScriptRunner::run(const platform::ScriptRequest& request, platform::Duration) {
-    if (const auto* meaning = std::get_if<platform::CycleWindows>(&request.meaning))
-        return cycle(*meaning);
-    return platform::ScriptError{-1743,
-                                 QStringLiteral("No extension of this browser is connected.")};
+ScriptAnswer X11ScriptRunner::run(const platform::ScriptRequest& request,
+                                  platform::Duration budget) {
+    return std::visit(
+        [this, budget](const auto& meaning) -> ScriptAnswer {
+            if constexpr (std::is_same_v<decltype(meaning), const platform::CycleWindows&>) {
+                return cycle(meaning);
+            } else {
+                ScriptAnswer answer = tabs_.run(meaning, budget);
+                raiseSelectedTab(meaning.bundleIdentifier);
+                return answer;
+            }
+        },
+        request.meaning);
 }
 
 ScriptAnswer X11ScriptRunner::cycle(const platform::CycleWindows& request) {
@@ -53,6 +63,26 @@ ScriptAnswer X11ScriptRunner::cycle(const platform::CycleWindows& request) {
         return restoreLast(*application);
     }
     Q_UNREACHABLE();
+}
+
+// A browser in the background may select the tab and still leave its window where it is.
+void X11ScriptRunner::raiseSelectedTab(const QString& bundleIdentifier) {
+    const QString& title = tabs_.selectedTitle();
+    if (title.isEmpty())
+        return;
+    applications_.update();
+    const X11Application* application = applications_.withBundleIdentifier(bundleIdentifier);
+    if (application == nullptr)
+        return;
+    const auto details = details_.read(application->windows);
+    for (const xcb_window_t window : application->windows) {
+        const auto found = details.find(window);
+        if (found == details.end() || !found->second.title.startsWith(title))
+            continue;
+        if (windows_.active() != window)
+            commands_.activate(window);
+        return;
+    }
 }
 
 ScriptAnswer X11ScriptRunner::minimiseFirst(const X11Application& application) {

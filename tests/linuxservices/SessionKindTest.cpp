@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/SessionKind.h"
+#include "platform/QtScheduler.h"
 #include "platform/linux/HeadlessPorts.h"
 #include "platform/linux/LinuxAppInfo.h"
 
@@ -121,7 +122,9 @@ TEST(HeadlessPortsTest, everyRequestIsRefusedAndTheReasonFitsTheSession) {
             EXPECT_NE(answer.status, 0);
             EXPECT_FALSE(answer.grab);
         }
-        HeadlessScripts scripts(session);
+        const platform::QtScheduler clock;
+        ExtensionTabs tabs(clock, QString());
+        HeadlessScripts scripts(session, tabs);
         EXPECT_TRUE(std::holds_alternative<platform::ScriptError>(scripts.run({}, {})));
         EXPECT_EQ(HeadlessKeyEvents(session).post({}).failure().kind,
                   platform::Failure::Kind::unavailable);

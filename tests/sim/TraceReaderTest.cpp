@@ -134,9 +134,8 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
         R"({"do":"tabs","bundle":"b","output":"1\u00011\u0001T\u00011\u0001https://x/\n","relocate":"0","activate":"fail","after":0.25})");
     ASSERT_EQ(tabs.failure, "");
     const auto& answer = std::get<AnswerTabs>(tabs.events.at(0).what).tabs;
-    EXPECT_EQ(std::get<platform::ScriptText>(answer.listing).text, u"1\x01"
-                                                                   "1\x01T\x01"
-                                                                   "1\x01https://x/\n"_s);
+    EXPECT_EQ(std::get<platform::ScriptText>(answer.listing).text,
+              u"1|1|T|1|https://x/\n"_s.replace(u'|', QChar(1)));
     EXPECT_EQ(answer.relocation, sim::SimTabs::Relocation::missed);
     EXPECT_EQ(answer.activation, sim::SimTabs::Activation::fail);
     EXPECT_EQ(answer.after, 250ms);

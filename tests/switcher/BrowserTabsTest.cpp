@@ -94,69 +94,34 @@ TEST(BrowserScripts, textsOfThePersonStayTextsInARelocation) {
     EXPECT_FALSE(BrowserTabs::relocateScript(Dialect::arc, u"b"_s, tab));
 }
 
+// What a browser answers, with a bar for the separator of its fields.
+QString output(const char* lines) {
+    return QString::fromUtf8(lines).replace(u'|', QChar(1));
+}
+
 TEST(BrowserTabsParse, takesRightLinesAndLeavesOutTheRest) {
     struct Row {
         const char* what;
-        QString output;
+        const char* lines;
         std::vector<Tab> tabs;
     };
     const Row rows[] = {
-        {"nothing", u""_s, {}},
+        {"nothing", "", {}},
         {"two tabs and blank lines",
-         u"\n1\x01"
-         "1\x01"
-         "A\x01"
-         "1\x01https://a/\n\n2\x01"
-         "3\x01\x01"
-         "0\x01\n"_s,
+         "\n1|1|A|1|https://a/\n\n2|3||0|\n",
          {{1, 1, u"A"_s, true, u"https://a/"_s}, {2, 3, u""_s, false, u""_s}}},
-        {"no address, no last line break",
-         u"1\x01"
-         "2\x01T\x01"
-         "1"_s,
-         {{1, 2, u"T"_s, true, {}}}},
-        {"more than five fields",
-         u"1\x01"
-         "2\x01T\x01"
-         "0\x01u\x01x"_s,
-         {{1, 2, u"T"_s, false, u"u"_s}}},
-        {"signs", u"+1\x01-2\x01T\x01yes\x01u"_s, {{1, -2, u"T"_s, false, u"u"_s}}},
-        {"title with a line break",
-         u"1\x01"
-         "1\x01one\ntwo\x01"
-         "1\x01u"_s,
-         {}},
-        {"title with the separator",
-         u"1\x01"
-         "1\x01o\x01"
-         "1\x01"
-         "1\x01u"_s,
-         {{1, 1, u"o"_s, true, u"1"_s}}},
-        {"three fields",
-         u"1\x01"
-         "1\x01T"_s,
-         {}},
+        {"no address, no last line break", "1|2|T|1", {{1, 2, u"T"_s, true, {}}}},
+        {"more than five fields", "1|2|T|0|u|x", {{1, 2, u"T"_s, false, u"u"_s}}},
+        {"signs", "+1|-2|T|yes|u", {{1, -2, u"T"_s, false, u"u"_s}}},
+        {"title with a line break", "1|1|one\ntwo|1|u", {}},
+        {"title with the separator", "1|1|o|1|1|u", {{1, 1, u"o"_s, true, u"1"_s}}},
+        {"three fields", "1|1|T", {}},
         {"numbers that are none",
-         u" 1\x01"
-         "1\x01T\x01"
-         "1\n1\x01"
-         "1 \x01T\x01"
-         "1\n\x01"
-         "1\x01T\x01"
-         "1\n+\x01"
-         "1\x01T\x01"
-         "1\n"
-         "1.0\x01"
-         "1\x01T\x01"
-         "1\n٣\x01"
-         "1\x01T\x01"
-         "1\n9223372036854775808\x01"
-         "1\x01T\x01"
-         "1"_s,
+         " 1|1|T|1\n1|1 |T|1\n|1|T|1\n+|1|T|1\n1.0|1|T|1\n٣|1|T|1\n9223372036854775808|1|T|1",
          {}},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(BrowserTabs::parse(row.output), row.tabs) << row.what;
+        EXPECT_EQ(BrowserTabs::parse(output(row.lines)), row.tabs) << row.what;
 }
 
 const QString chrome = u"com.google.Chrome"_s;
@@ -201,14 +166,7 @@ TEST_F(BrowserTabsTest, knowsBrowsersByExactIdentifier) {
 
 TEST_F(BrowserTabsTest, listsWithTheUnwrappedScriptInTheJournal) {
     const RunningApplication app = browser(chrome);
-    answers({.listing = ScriptText{u"1\x01"
-                                   "1\x01"
-                                   "A\x01"
-                                   "1\x01u\n1\x01"
-                                   "2\x01"
-                                   "B\x01"
-                                   "0\x01v\n"_s},
-             .after = 1499ms});
+    answers({.listing = ScriptText{output("1|1|A|1|u\n1|2|B|0|v\n")}, .after = 1499ms});
     EXPECT_THAT(tabs.enumerate(app, Prompt::never),
                 ElementsAre(Tab{1, 1, u"A"_s, true, u"u"_s}, Tab{1, 2, u"B"_s, false, u"v"_s}));
     EXPECT_EQ(seconds(), 1.499);

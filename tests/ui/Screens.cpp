@@ -2,6 +2,7 @@
 // Draws the screens into PNG files, FOLDER/SCREEN-THEME.png. Scale by QT_SCALE_FACTOR, as for any
 // Qt program.
 #include "tests/ui/ChallengeScene.h"
+#include "tests/ui/SwitcherScene.h"
 #include "tests/ui/UiStage.h"
 
 #include "app/MenuBarShell.h"
@@ -422,6 +423,46 @@ QQuickView& done(Stage& stage) {
     return stage.onboarding();
 }
 
+// Of the switcher's bar.
+QQuickView& bar(Stage& stage, const test::SwitcherScene::Content& content, bool hasPreviews) {
+    // One at a time; it goes after the stage that it is on.
+    static std::unique_ptr<test::SwitcherScene> scene;
+    scene = std::make_unique<test::SwitcherScene>(stage);
+    scene->show(content);
+    for (int i = 0; hasPreviews && i < static_cast<int>(content.windows.size()); ++i)
+        scene->model().setImage(i, test::windowPicture(i));
+    return rested(stage, scene->view());
+}
+QString writer(Stage& stage) {
+    stage.desk().installApp({.name = u"Writer"_s, .path = u"/Applications/Writer.app"_s});
+    return u"/Applications/Writer.app"_s;
+}
+template <int windows> QQuickView& barWindows(Stage& stage) {
+    return bar(stage, test::windowSession(windows, writer(stage)), true);
+}
+QQuickView& barIcons(Stage& stage) {
+    auto content = test::windowSession(4, writer(stage));
+    content.isPinned = false;
+    return bar(stage, content, false);
+}
+QQuickView& barBrowser(Stage& stage) {
+    return bar(stage, test::browserSession(3), true);
+}
+QQuickView& barTabs(Stage& stage) {
+    return bar(stage, test::tabSession(14), false);
+}
+QQuickView& barManyTabs(Stage& stage) {
+    return bar(stage, test::tabSession(140), false);
+}
+QQuickView& barSearch(Stage& stage) {
+    auto content = test::searchSession(u"git"_s);
+    content.selResult = 1;
+    return bar(stage, content, true);
+}
+QQuickView& barNothingFound(Stage& stage) {
+    return bar(stage, test::searchSession(u"quaint"_s), true);
+}
+
 struct Picture {
     QStringView name;
     Setup setup;
@@ -463,6 +504,17 @@ constexpr auto pictures = std::to_array<Picture>({
      test::takePartInChallenge},
     {u"challenge-rename", Setup::countsAsDone, challengeRename, test::takePartInChallenge},
     {u"challenge-leave", Setup::countsAsDone, challengeLeave, test::takePartInChallenge},
+    {u"bar-1", Setup::countsAsDone, barWindows<1>},
+    {u"bar-2", Setup::countsAsDone, barWindows<2>},
+    {u"bar-7", Setup::countsAsDone, barWindows<7>},
+    {u"bar-20", Setup::countsAsDone, barWindows<20>},
+    {u"bar-500", Setup::countsAsDone, barWindows<500>},
+    {u"bar-icons", Setup::countsAsDone, barIcons},
+    {u"bar-browser", Setup::countsAsDone, barBrowser},
+    {u"bar-tabs", Setup::countsAsDone, barTabs},
+    {u"bar-many-tabs", Setup::countsAsDone, barManyTabs},
+    {u"bar-search", Setup::countsAsDone, barSearch},
+    {u"bar-nothing", Setup::countsAsDone, barNothingFound},
     {u"onboarding-welcome", Setup::check, welcome},
     {u"onboarding-shortcut", Setup::check, firstShortcut},
     {u"onboarding-search", Setup::check, firstShortcutSearch},

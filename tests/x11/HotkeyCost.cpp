@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints what registering many hotkeys costs beside one round trip to the same X server.
+// Prints what registering many hotkeys and taking the keyboard over cost beside one round trip to
+// the same X server.
 #include "platform/EventFlags.h"
 #include "platform/QtScheduler.h"
 #include "platform/linux/X11Hotkeys.h"
+#include "platform/linux/X11KeyEvents.h"
 #include "tests/x11/XServer.h"
 
 #include <QGuiApplication>
@@ -46,6 +48,11 @@ std::vector<platform::HotkeyRequest> combos(const linuxdesktop::KeyboardMap& map
     return requests;
 }
 
+struct PassAll : platform::KeyInterceptor {
+    Verdict keyPressed(const platform::KeyPress&) override { return Verdict::passed; }
+    void tapWasDisabled(Disabled) override {}
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -77,6 +84,9 @@ int main(int argc, char** argv) {
     series("read the keyboard map", [&] { linuxdesktop::X11Keymap(*display, scheduler); });
     linuxdesktop::X11Keymap keymap(*display, scheduler);
     linuxdesktop::X11Hotkeys hotkeys(*display, keymap, scheduler);
+    linuxdesktop::X11KeyEvents keyEvents(*display, keymap, scheduler);
+    PassAll passAll;
+    series("take keys over and let go", [&] { const auto tap = keyEvents.intercept(passAll); });
     for (const std::size_t count : {std::size_t{1}, std::size_t{100}, std::size_t{400}}) {
         const auto requests = combos(keymap.current(), count);
         std::vector<double> dropped;

@@ -22,6 +22,11 @@ protected:
     [[nodiscard]] bool waitFor(const std::function<bool()>& condition) {
         return waitUntil(scheduler, condition);
     }
+    // Lets the program take in what has just happened, where nothing that it does tells.
+    void takeIn() {
+        const platform::Instant until = scheduler.now() + std::chrono::milliseconds(20);
+        (void)waitFor([this, until] { return scheduler.now() >= until; });
+    }
     // One combo that has to be granted.
     [[nodiscard]] platform::HotkeyGrab grabbed(std::uint32_t id, std::uint16_t keyCode,
                                                std::uint32_t carbonModifiers);

@@ -57,6 +57,23 @@ void XKeyboard::chord(const std::vector<xcb_keycode_t>& modifiers, xcb_keycode_t
         release(*modifier);
 }
 
+void XKeyboard::click(std::int16_t x, std::int16_t y, std::uint8_t button) {
+    xcb_test_fake_input(connection_, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, root_, x, y, 0);
+    fake(XCB_BUTTON_PRESS, button);
+    fake(XCB_BUTTON_RELEASE, button);
+}
+
+bool XKeyboard::grabPointer() {
+    auto* reply = xcb_grab_pointer_reply(
+        connection_,
+        xcb_grab_pointer(connection_, 0, root_, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+                         XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME),
+        nullptr);
+    const bool granted = reply != nullptr && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    std::free(reply);
+    return granted;
+}
+
 bool XKeyboard::isDown(xcb_keycode_t keycode) const {
     auto* reply = xcb_query_keymap_reply(connection_, xcb_query_keymap(connection_), nullptr);
     const bool down = reply != nullptr && (reply->keys[keycode / 8] & (1U << (keycode % 8))) != 0;

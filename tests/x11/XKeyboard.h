@@ -32,6 +32,10 @@ public:
     void tap(xcb_keycode_t keycode);
     void chord(const std::vector<xcb_keycode_t>& modifiers, xcb_keycode_t keycode);
 
+    // Moves the pointer there and clicks.
+    void click(std::int16_t x, std::int16_t y, std::uint8_t button);
+    [[nodiscard]] bool grabPointer();
+
     [[nodiscard]] bool isDown(xcb_keycode_t keycode) const;
     void lockGroup(std::uint8_t group);
 

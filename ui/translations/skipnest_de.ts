@@ -52,6 +52,33 @@
     </message>
 </context>
 <context>
+    <name>BarHints</name>
+    <message>
+        <source>choose</source>
+        <translation>wählen</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>öffnen</translation>
+    </message>
+    <message>
+        <source>back</source>
+        <translation>zurück</translation>
+    </message>
+    <message>
+        <source>close</source>
+        <translation>schließen</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>Tabs</translation>
+    </message>
+    <message>
+        <source>Keep holding to go from window to window, let go to open</source>
+        <translation>Weiter gedrückt halten geht von Fenster zu Fenster, Loslassen öffnet</translation>
+    </message>
+</context>
+<context>
     <name>ChallengeBoardFace</name>
     <message>
         <source>Change name or flag</source>
@@ -2433,6 +2460,50 @@
     </message>
 </context>
 <context>
+    <name>SwitcherBar</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Type to filter every tab…</source>
+        <translation>Tippen, um alle Tabs zu filtern …</translation>
+    </message>
+    <message>
+        <source>Type to filter windows…</source>
+        <translation>Tippen, um Fenster zu filtern …</translation>
+    </message>
+    <message>
+        <source>No tab matches “%1”</source>
+        <translation>Kein Tab passt zu „%1“</translation>
+    </message>
+    <message>
+        <source>No window matches “%1”</source>
+        <translation>Kein Fenster passt zu „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n Treffer</numerusform>
+            <numerusform>%n Treffer</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n windows</source>
+        <translation>
+            <numerusform>%n Fenster</numerusform>
+            <numerusform>%n Fenster</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tabs</source>
+        <translation>
+            <numerusform>%n Tab</numerusform>
+            <numerusform>%n Tabs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>TargetSearchField</name>
     <message>
         <source>Name of an application, file or folder</source>
@@ -2603,6 +2674,20 @@
     <message>
         <source>One key takes you to an application, a file or a folder.</source>
         <translation>Eine Taste führt zu einem Programm, einer Datei oder einem Ordner.</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCard</name>
+    <message>
+        <source>In front</source>
+        <translation>Vorne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tabs</source>
+        <translation>
+            <numerusform>%n Tab</numerusform>
+            <numerusform>%n Tabs</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -43,6 +43,40 @@
     </message>
 </context>
 <context>
+    <name>SwitcherBar</name>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n match</numerusform>
+            <numerusform>%n matches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n windows</source>
+        <translation>
+            <numerusform>%n window</numerusform>
+            <numerusform>%n windows</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tabs</source>
+        <translation>
+            <numerusform>%n tab</numerusform>
+            <numerusform>%n tabs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>WindowCard</name>
+    <message numerus="yes">
+        <source>%n tabs</source>
+        <translation>
+            <numerusform>%n tab</numerusform>
+            <numerusform>%n tabs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>skipnest::ui::ChallengeRows</name>
     <message numerus="yes">
         <source>%n jumps, %1, %2</source>

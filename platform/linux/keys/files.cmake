@@ -11,6 +11,8 @@ list(APPEND LINUX_SOURCES
     keys/RunningDesktops.cpp
     keys/SystemSettings.cpp
     keys/VirtualTerminalKeys.cpp
+    keys/X11KeyClaims.cpp
+    keys/X11KeyInterception.cpp
     keys/X11KeyboardCapture.cpp
     keys/XmlClaims.cpp
 )

@@ -12,24 +12,25 @@
 
 namespace skipnest::linuxdesktop {
 
-// Every key event of the keyboard, whoever has the focus or a grab, as XInput2 raw events.
+// Every key or every button event, whoever has the focus or a grab, as XInput2 raw events.
 //
 // On a connection of its own: while a client holds a grab, its own connection gets no raw events,
 // so on Qt's the releases after a hotkey would be missing. One that breaks falls silent.
-class X11RawKeys {
+class X11RawInput {
 public:
+    enum class Devices { keyboard, buttons };
     struct Event {
         enum class Kind { press, repeat, release };
         Kind kind = Kind::press;
-        xcb_keycode_t keycode = 0;
+        std::uint32_t detail = 0; // X keycode or button number
         xcb_timestamp_t time = 0;
     };
     using Sink = std::function<void(const Event&)>;
 
     // An empty display name means $DISPLAY. The sink may destroy this object.
-    [[nodiscard]] static platform::Result<std::unique_ptr<X11RawKeys>>
-    open(const QByteArray& displayName, platform::Scheduler& scheduler, Sink sink);
-    ~X11RawKeys();
+    [[nodiscard]] static platform::Result<std::unique_ptr<X11RawInput>>
+    open(const QByteArray& displayName, platform::Scheduler& scheduler, Devices devices, Sink sink);
+    ~X11RawInput();
 
     // The keys that are down before the first event that the sink is told of.
     [[nodiscard]] const std::vector<xcb_keycode_t>& keysDownAtStart() const { return down_; }
@@ -41,8 +42,8 @@ private:
     };
     using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-    X11RawKeys(Connection connection, Sink sink);
-    [[nodiscard]] platform::Outcome select();
+    X11RawInput(Connection connection, Sink sink);
+    [[nodiscard]] platform::Outcome select(Devices devices);
     void drain();
 
     Connection connection_;
@@ -53,7 +54,7 @@ private:
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
-// The keycodes in the answer to QueryKeymap.
-[[nodiscard]] std::vector<xcb_keycode_t> keysDown(const xcb_query_keymap_reply_t& reply);
+// The keys that are down now, asked of the server.
+[[nodiscard]] std::vector<xcb_keycode_t> queryKeysDown(xcb_connection_t* connection);
 
 } // namespace skipnest::linuxdesktop

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/linux/X11RawKeys.h"
+#include "platform/linux/X11RawInput.h"
 
 #include <xcb/xinput.h>
 
@@ -8,6 +8,14 @@ namespace skipnest::linuxdesktop {
 using platform::Failure;
 using platform::Outcome;
 using platform::Result;
+
+namespace {
+
+constexpr std::uint32_t mask(X11RawInput::Devices devices) {
+    return devices == X11RawInput::Devices::keyboard
+               ? XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE
+               : XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+}
 
 std::vector<xcb_keycode_t> keysDown(const xcb_query_keymap_reply_t& reply) {
     std::vector<xcb_keycode_t> down;
@@ -18,37 +26,46 @@ std::vector<xcb_keycode_t> keysDown(const xcb_query_keymap_reply_t& reply) {
     return down;
 }
 
-Result<std::unique_ptr<X11RawKeys>> X11RawKeys::open(const QByteArray& displayName,
-                                                     platform::Scheduler& scheduler, Sink sink) {
+} // namespace
+
+std::vector<xcb_keycode_t> queryKeysDown(xcb_connection_t* connection) {
+    const XcbPtr<xcb_query_keymap_reply_t> reply(
+        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
+    return reply ? keysDown(*reply) : std::vector<xcb_keycode_t>{};
+}
+
+Result<std::unique_ptr<X11RawInput>> X11RawInput::open(const QByteArray& displayName,
+                                                       platform::Scheduler& scheduler,
+                                                       Devices devices, Sink sink) {
     Connection connection(
         xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), nullptr));
     if (xcb_connection_has_error(connection.get()) != 0)
         return Failure{Failure::Kind::unavailable,
                        QStringLiteral("The X server takes no further connection.")};
-    std::unique_ptr<X11RawKeys> keys(new X11RawKeys(std::move(connection), std::move(sink)));
-    const Outcome selected = keys->select();
+    std::unique_ptr<X11RawInput> input(new X11RawInput(std::move(connection), std::move(sink)));
+    const Outcome selected = input->select(devices);
     if (!selected.ok())
         return selected.failure();
     // Events that came together with an answer wait in memory, where no socket announces them.
-    scheduler.post([keys = keys.get(), alive = std::weak_ptr(keys->alive_)] {
+    scheduler.post([input = input.get(), alive = std::weak_ptr(input->alive_)] {
         if (!alive.expired())
-            keys->drain();
+            input->drain();
     });
-    return keys;
+    return input;
 }
 
-X11RawKeys::X11RawKeys(Connection connection, Sink sink)
+X11RawInput::X11RawInput(Connection connection, Sink sink)
     : connection_(std::move(connection)), sink_(std::move(sink)),
       notifier_(xcb_get_file_descriptor(connection_.get()), QSocketNotifier::Read) {
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { drain(); });
 }
 
-X11RawKeys::~X11RawKeys() {
+X11RawInput::~X11RawInput() {
     // The notifier must not see a descriptor that the connection has closed.
     notifier_.setEnabled(false);
 }
 
-Outcome X11RawKeys::select() {
+Outcome X11RawInput::select(Devices devices) {
     xcb_connection_t* connection = connection_.get();
     const xcb_query_extension_reply_t* extension =
         xcb_get_extension_data(connection, &xcb_input_id);
@@ -68,8 +85,7 @@ Outcome X11RawKeys::select() {
     const struct {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
-    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
-                XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE};
+    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask(devices)};
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     const auto selected = xcb_input_xi_select_events_checked(connection, root, 1, &selection.head);
     // Asked after selecting: a key that changes in between is in both, and told twice is harmless.
@@ -78,19 +94,20 @@ Outcome X11RawKeys::select() {
     const XcbPtr<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(connection, keymap, nullptr));
     if (error || !reply)
-        return Failure{Failure::Kind::refused,
-                       QStringLiteral("The X server refuses raw key events.")};
+        return Failure{Failure::Kind::refused, QStringLiteral("The X server refuses raw events.")};
     down_ = keysDown(*reply);
     return platform::Done{};
 }
 
-void X11RawKeys::drain() {
+void X11RawInput::drain() {
     const auto alive = std::weak_ptr(alive_);
     while (const XcbPtr<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
         if ((event->response_type & 0x7f) != XCB_GE_GENERIC)
             continue;
         const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(*event);
-        const bool press = raw.event_type == XCB_INPUT_RAW_KEY_PRESS;
+        // Raw button events are laid out as raw key events are.
+        const bool press = raw.event_type == XCB_INPUT_RAW_KEY_PRESS ||
+                           raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
         if (raw.extension != inputOpcode_ ||
             (!press && raw.event_type != XCB_INPUT_RAW_KEY_RELEASE))
             continue;
@@ -99,7 +116,7 @@ void X11RawKeys::drain() {
                           : repeat ? Event::Kind::repeat
                                    : Event::Kind::press;
         const Sink sink = sink_;
-        sink({kind, static_cast<xcb_keycode_t>(raw.detail), raw.time});
+        sink({kind, raw.detail, raw.time});
         if (alive.expired())
             return;
     }

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/Scheduler.h"
+#include "platform/linux/X11Display.h"
+
+#include <QRect>
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace skipnest::linuxdesktop {
+
+// Windows whose contents the server keeps as a whole, covered parts included, by Composite's
+// automatic redirection. Beside a compositor, which redirects for itself, that changes nothing.
+//
+// The root's child is what is redirected: a window manager's frame with the window in it. Its
+// pixmap is named as soon as it is mapped, because that is the last picture that there will be once
+// it is unmapped, as windows that are minimised or on another desktop are.
+//
+// On a connection of its own: closing it ends all redirections and frees all pixmaps, and what is
+// asked of a window that has just gone is refused without a line in Qt's log.
+class RedirectedWindows {
+public:
+    // A name for a window's contents; what has a name stays. Freed with the last owner.
+    class Pixmap;
+    struct Window {
+        xcb_window_t frame = XCB_WINDOW_NONE;
+        QRect geometry; // of the frame, in the server's pixels
+        bool viewable = false;
+        std::shared_ptr<const Pixmap> pixmap; // the newest; none before it was first viewable
+    };
+    struct Events {
+        // The pixmap is the last picture of the window until it is viewable again.
+        std::function<void(xcb_window_t)> unmapped;
+        // Its frame is another one or gone: follow() has to be told the windows again.
+        std::function<void()> reparented;
+    };
+
+    // Null where the server has no Composite extension or takes no further connection.
+    [[nodiscard]] static std::unique_ptr<RedirectedWindows> open(platform::Scheduler& scheduler,
+                                                                 Events events);
+    ~RedirectedWindows();
+
+    // These are the windows, named by the clients' own; others are left alone from now on.
+    void follow(const std::vector<xcb_window_t>& clients);
+    // Null for a window that is not followed.
+    [[nodiscard]] const Window* find(xcb_window_t client) const;
+    // A picture of the window has been kept elsewhere.
+    void forgetPixmap(xcb_window_t client);
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    using Connection = std::shared_ptr<xcb_connection_t>;
+
+    RedirectedWindows(Connection connection, platform::Scheduler& scheduler, Events events);
+    void drain();
+    void drainSoon();
+    void handle(const xcb_generic_event_t& event);
+    [[nodiscard]] xcb_window_t frameOf(xcb_window_t client) const;
+    void add(xcb_window_t client);
+    void name(Window& window);
+    // The client in this frame, XCB_WINDOW_NONE for other windows.
+    [[nodiscard]] xcb_window_t clientOf(xcb_window_t frame) const;
+
+    Connection connection_;
+    platform::Scheduler& scheduler_;
+    const Events events_;
+    const xcb_window_t root_;
+    std::unordered_map<xcb_window_t, Window> windows_; // by client
+    QSocketNotifier notifier_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+class RedirectedWindows::Pixmap {
+public:
+    Pixmap(std::weak_ptr<xcb_connection_t> connection, xcb_pixmap_t id)
+        : connection_(std::move(connection)), id_(id) {}
+    ~Pixmap();
+    Pixmap(const Pixmap&) = delete;
+    Pixmap& operator=(const Pixmap&) = delete;
+
+    [[nodiscard]] xcb_pixmap_t id() const { return id_; }
+
+private:
+    std::weak_ptr<xcb_connection_t> connection_;
+    xcb_pixmap_t id_;
+};
+
+} // namespace skipnest::linuxdesktop

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/linux/previews/X11ScreenCapture.h"
+#include "tests/x11workspace/Desk.h"
+
+#include <QColor>
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+#include <xcb/composite.h>
+
+#include <cstdio>
+#include <optional>
+
+namespace skipnest::tests {
+namespace {
+
+using linuxdesktop::XcbPtr;
+using platform::CapturableWindow;
+using platform::ScreenCaptureRun;
+
+constexpr std::uint32_t red = 0xff2010, green = 0x10d020, blue = 0x2030f0, grey = 0x808080;
+
+// Windows of a second client, each of one colour.
+class PaintedWindows {
+public:
+    PaintedWindows() : connection_(xcb_connect(nullptr, nullptr)) {}
+    ~PaintedWindows() { xcb_disconnect(connection_); }
+    PaintedWindows(const PaintedWindows&) = delete;
+    PaintedWindows& operator=(const PaintedWindows&) = delete;
+
+    xcb_window_t open(std::uint32_t colour, std::uint16_t width = 600, std::uint16_t height = 400) {
+        const xcb_window_t window = xcb_generate_id(connection_);
+        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root(), 50, 50, width, height,
+                          0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL,
+                          &colour);
+        constexpr char name[] = "painted\0Painted";
+        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
+                            XCB_ATOM_STRING, 8, sizeof name, name);
+        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME,
+                            XCB_ATOM_STRING, 8, 7, name);
+        xcb_map_window(connection_, window);
+        xcb_flush(connection_);
+        return window;
+    }
+    void close(xcb_window_t window) {
+        xcb_destroy_window(connection_, window);
+        sync();
+    }
+    void minimise(xcb_window_t window, xcb_atom_t changeState) {
+        constexpr std::uint32_t iconic = 3;
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = window;
+        message.type = changeState;
+        message.data.data32[0] = iconic;
+        xcb_send_event(connection_, 0, root(),
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char*>(&message));
+        sync();
+    }
+    // Whether somebody redirects the root's child that has the window in it.
+    [[nodiscard]] bool isRedirected(xcb_window_t window) const {
+        for (xcb_window_t parent = window; parent != root();) {
+            const XcbPtr<xcb_query_tree_reply_t> tree(
+                xcb_query_tree_reply(connection_, xcb_query_tree(connection_, parent), nullptr));
+            window = parent;
+            parent = tree->parent;
+        }
+        const xcb_pixmap_t pixmap = xcb_generate_id(connection_);
+        const XcbPtr<xcb_generic_error_t> error(xcb_request_check(
+            connection_, xcb_composite_name_window_pixmap_checked(connection_, window, pixmap)));
+        if (!error)
+            xcb_free_pixmap(connection_, pixmap);
+        return !error;
+    }
+
+private:
+    [[nodiscard]] xcb_window_t root() const {
+        return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+    }
+    void sync() const {
+        std::free(
+            xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+    }
+    xcb_connection_t* connection_;
+};
+
+// What the X server of this process takes of the memory, in kilobytes.
+long serverMemory() {
+    for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        QFile status(QStringLiteral("/proc/%1/status").arg(entry));
+        if (!status.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray text = status.readAll();
+        if (!text.startsWith("Name:\tXvfb") ||
+            !text.contains("PPid:\t" + QByteArray::number(getpid()) + "\n"))
+            continue;
+        const auto at = text.indexOf("VmRSS:");
+        return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLong();
+    }
+    return 0;
+}
+
+class PreviewsTest : public Desk {
+protected:
+    void SetUp() override {
+        Desk::SetUp();
+        capture = std::make_unique<linuxdesktop::X11ScreenCapture>(
+            *display, scheduler, executor, ports->windows, ports->applications);
+        ASSERT_EQ(capture->availability(), platform::Availability{});
+    }
+    void TearDown() override {
+        for (const xcb_window_t window : opened)
+            painted.close(window);
+        capture.reset();
+        Desk::TearDown();
+    }
+    xcb_window_t open(std::uint32_t colour) {
+        const xcb_window_t window = painted.open(colour);
+        opened.push_back(window);
+        EXPECT_TRUE(waitFor([&] { return listed(window).has_value(); }));
+        return window;
+    }
+    [[nodiscard]] std::optional<CapturableWindow> listed(xcb_window_t window) {
+        std::optional<std::vector<CapturableWindow>> windows;
+        const auto run = capture->listWindows([&windows](const auto& answer) {
+            windows = answer ? *answer : std::vector<CapturableWindow>();
+        });
+        EXPECT_TRUE(waitFor([&windows] { return windows.has_value(); }));
+        for (const CapturableWindow& found : *windows) {
+            if (found.identifier == QStringLiteral("0x") + QString::number(window, 16))
+                return found;
+        }
+        return std::nullopt;
+    }
+    // Null where there is none.
+    [[nodiscard]] QImage picture(const CapturableWindow& window, const QSize& size) {
+        std::optional<QImage> taken;
+        const ScreenCaptureRun run = capture->capture(window, size, [&taken](const QImage* image) {
+            taken = image != nullptr ? *image : QImage();
+        });
+        EXPECT_TRUE(waitFor([&taken] { return taken.has_value(); }));
+        return taken.value_or(QImage());
+    }
+    [[nodiscard]] bool shows(xcb_window_t window, std::uint32_t colour) {
+        const auto found = listed(window);
+        const QImage image = found ? picture(*found, {240, 150}) : QImage();
+        return image.size() == QSize(240, 150) && (image.pixel(120, 90) & 0xffffff) == colour;
+    }
+
+    PaintedWindows painted;
+    std::vector<xcb_window_t> opened;
+    std::unique_ptr<linuxdesktop::X11ScreenCapture> capture;
+};
+
+TEST_F(PreviewsTest, CoveredMinimisedAndOtherDesktopsWindowsShowTheirOwnColours) {
+    capture->setEnabled(true);
+    const xcb_window_t covered = open(red), minimised = open(green), elsewhere = open(blue);
+    open(grey);
+    EXPECT_TRUE(waitFor([&] { return shows(covered, red) && shows(elsewhere, blue); }));
+    painted.minimise(minimised, display->atom("WM_CHANGE_STATE"));
+    moveToDesktop(elsewhere, 2);
+    ASSERT_TRUE(waitFor([&] {
+        const auto one = listed(minimised), other = listed(elsewhere);
+        return one && !one->isOnScreen && other && !other->isOnScreen;
+    }));
+    EXPECT_TRUE(shows(covered, red));
+    EXPECT_TRUE(shows(minimised, green));
+    EXPECT_TRUE(shows(elsewhere, blue));
+
+    const auto found = listed(covered);
+    EXPECT_EQ(found->title, QStringLiteral("painted"));
+    EXPECT_TRUE(found->isOnScreen);
+    EXPECT_GE(found->frame.width(), 600);
+    EXPECT_GT(found->frame.height(), 400) << "with its title bar";
+    ports->applications.update();
+    EXPECT_EQ(found->owner, application("Painted")->pid);
+}
+
+TEST_F(PreviewsTest, AResizedWindowIsReadAnew) {
+    capture->setEnabled(true);
+    const xcb_window_t window = open(red);
+    const QRectF before = listed(window)->frame;
+    ASSERT_TRUE(runTool(
+        QStringLiteral("wmctrl -i -r %1 -e 0,20,20,800,500").arg(window).toLatin1().constData()));
+    ASSERT_TRUE(waitFor([&] { return listed(window)->frame.width() > before.width(); }));
+    ASSERT_TRUE(waitFor([&] { return shows(window, red); }));
+    // The far corner was not part of the first pixmap.
+    const QImage whole = picture(*listed(window), {400, 250});
+    EXPECT_EQ(whole.pixel(385, 235) & 0xffffff, red);
+}
+
+TEST_F(PreviewsTest, AWindowThatClosesHasNoPictureAndADroppedRunTellsNothing) {
+    capture->setEnabled(true);
+    const xcb_window_t window = open(red);
+    const auto found = listed(window);
+    int told = 0;
+    auto dropped = capture->capture(*found, {10, 10}, [&told](const QImage*) { ++told; });
+    dropped.reset();
+    painted.close(window);
+    opened.clear();
+    ASSERT_TRUE(waitFor([&] { return !listed(window).has_value(); }));
+    EXPECT_TRUE(picture(*found, {240, 150}).isNull());
+    EXPECT_EQ(told, 0);
+}
+
+TEST_F(PreviewsTest, NothingIsRedirectedWhileItIsOff) {
+    const xcb_window_t window = painted.open(red);
+    opened.push_back(window);
+    ASSERT_TRUE(waitFor([&] {
+        ports->windows.settle();
+        return ports->windows.find(window) != nullptr;
+    }));
+    EXPECT_FALSE(painted.isRedirected(window));
+    EXPECT_FALSE(listed(window));
+    capture->setEnabled(true);
+    EXPECT_TRUE(shows(window, red));
+    EXPECT_TRUE(painted.isRedirected(window));
+    const auto found = listed(window);
+    capture->setEnabled(false);
+    EXPECT_TRUE(waitFor([&] { return !painted.isRedirected(window); }));
+    EXPECT_TRUE(picture(*found, {240, 150}).isNull());
+}
+
+TEST_F(PreviewsTest, AThousandWindowsThatCameAndWentLeaveNothingInTheServer) {
+    capture->setEnabled(true);
+    const auto comeAndGo = [this](int windows) {
+        std::vector<xcb_window_t> some;
+        for (int i = 0; i < windows; ++i)
+            some.push_back(painted.open(red, 300, 200));
+        EXPECT_TRUE(waitFor([&] {
+            ports->windows.settle();
+            return ports->windows.stacking().size() == some.size();
+        }));
+        for (const xcb_window_t window : some)
+            painted.close(window);
+        EXPECT_TRUE(waitFor([&] {
+            ports->windows.settle();
+            return ports->windows.stacking().empty();
+        }));
+    };
+    comeAndGo(20);
+    const long before = serverMemory();
+    ASSERT_GT(before, 0);
+    for (int round = 0; round < 50; ++round)
+        comeAndGo(20);
+    // Their pixmaps alone would be 230 MB.
+    EXPECT_LT(serverMemory() - before, 40'000);
+}
+
+TEST_F(PreviewsTest, TwentyAskedForAtOnceAreAllAnswered) {
+    capture->setEnabled(true);
+    std::vector<CapturableWindow> windows;
+    for (int i = 0; i < 20; ++i)
+        windows.push_back(*listed(open(red)));
+    for (int round = 0; round < 5; ++round) {
+        int told = 0;
+        std::vector<ScreenCaptureRun> runs;
+        const platform::Instant start = scheduler.now();
+        for (const CapturableWindow& window : windows)
+            runs.push_back(capture->capture(window, {240, 150}, [&told](const QImage* image) {
+                told += image != nullptr ? 1 : 0;
+            }));
+        const auto asked = scheduler.now();
+        ASSERT_TRUE(waitFor([&told] { return told == 20; }));
+        using Milliseconds = std::chrono::duration<double, std::milli>;
+        std::printf("20 windows of 600x400: asked in %.2f ms, all there after %.1f ms\n",
+                    Milliseconds(asked - start).count(),
+                    Milliseconds(scheduler.now() - start).count());
+    }
+}
+
+} // namespace
+} // namespace skipnest::tests

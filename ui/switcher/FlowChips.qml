@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+import QtQuick
+import Skipnest
+
+// The tabs of one window as chips, in as many columns as there is room for.
+GridView {
+    id: chips
+
+    required property SwitcherBarModel bar
+    readonly property int gap: 8
+    property int hovered: -1
+
+    width: bar.chipColumns * cellWidth
+    cellWidth: bar.chipWidth + gap
+    cellHeight: 40 + gap
+    cacheBuffer: 0
+    clip: contentHeight > height
+    boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: false
+    model: bar.tabs
+    currentIndex: bar.selectedTab
+    highlightMoveDuration: Theme.moves && bar.settled ? 110 : 0
+    highlight: SelectionRing {
+        gap: 8
+    }
+    onVisibleChanged: hovered = -1
+
+    Accessible.role: Accessible.List
+    Accessible.name: bar.drillName
+
+    delegate: Item {
+        id: chip
+
+        required property int index
+        required property string title
+        required property string letter
+        readonly property bool isCurrent: GridView.isCurrentItem
+
+        objectName: "chip" + index
+        width: chips.cellWidth // qmllint disable unqualified
+        height: chips.cellHeight // qmllint disable unqualified
+
+        Accessible.role: Accessible.ListItem
+        Accessible.name: chip.title
+        Accessible.selectable: true
+        Accessible.selected: chip.isCurrent
+        Accessible.focused: chip.isCurrent && chip.visible
+        Accessible.onPressAction: chips.bar.pickTab(chip.index) // qmllint disable unqualified
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 4
+            radius: Theme.radius + 2
+            color: chip.isCurrent || chips.hovered === chip.index ? Theme.hover : Theme.surface // qmllint disable unqualified
+            border.width: 1
+            border.color: Theme.border
+
+            LetterBadge {
+                id: badge
+
+                x: 8
+                anchors.verticalCenter: parent.verticalCenter
+                letter: chip.letter
+                color: chip.isCurrent ? Theme.surface : Theme.hover
+            }
+
+            Text {
+                anchors.left: badge.right
+                anchors.right: parent.right
+                anchors.leftMargin: 8
+                anchors.rightMargin: 10
+                anchors.verticalCenter: parent.verticalCenter
+                horizontalAlignment: Text.AlignLeft
+                text: chip.title
+                textFormat: Text.PlainText
+                maximumLineCount: 1
+                elide: Text.ElideRight
+                color: Theme.text
+                font.pixelSize: 13
+                font.bold: chip.isCurrent
+            }
+        }
+    }
+
+    Connections {
+        target: chips.bar
+
+        function onShown() {
+            chips.positionViewAtIndex(chips.currentIndex, GridView.Contain);
+        }
+    }
+
+    MouseArea {
+        parent: chips.contentItem
+        anchors.fill: parent
+        z: 2
+        hoverEnabled: true
+        onClicked: mouse => chips.bar.pickTab(chips.indexAt(mouse.x, mouse.y))
+        onPositionChanged: mouse => {
+            if (chips.bar.pointerMoved(mapToGlobal(mouse.x, mouse.y)))
+                chips.hovered = chips.indexAt(mouse.x, mouse.y);
+        }
+        onExited: chips.hovered = -1
+    }
+
+    ScrollMark {
+        flickable: chips
+        anchors.rightMargin: 0
+    }
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "ui/switcher/SwitcherBarModel.h"
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickView;
+
+namespace skipnest::ui {
+
+// The bar's window: built once, hidden, and never asking for the keyboard. The window manager does
+// not manage it, so it comes up where and when we say, and no other window loses the focus.
+class SwitcherBarWindow final : public QObject {
+    Q_OBJECT
+public:
+    // All of them must outlive this object.
+    SwitcherBarWindow(QQmlEngine& engine, switcher::SwitcherModel& model,
+                      platform::Executor& executor);
+    ~SwitcherBarWindow() override;
+
+    void show(const QRect& area);
+    void hide();
+
+    [[nodiscard]] QQuickView* view() const { return view_.get(); }
+    [[nodiscard]] SwitcherBarModel& model() { return model_; }
+
+private:
+    void place();
+
+    SwitcherBarModel model_;
+    std::unique_ptr<QQuickView> view_;
+};
+
+} // namespace skipnest::ui
