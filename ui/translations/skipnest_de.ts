@@ -1794,7 +1794,7 @@
     </message>
     <message>
         <source>That&apos;s %1 of hunting you never did.</source>
-        <translation>Das sind %1 Suchen, die du dir gespart hast.</translation>
+        <translation>Das sind %1 Sucherei, die du dir gespart hast.</translation>
     </message>
     <message>
         <source>Reclaimed from window hunting - and counting.</source>
