@@ -85,7 +85,7 @@ void ChallengeService::join(const QString& name, const QString& country,
              }));
 }
 
-void ChallengeService::nameChecked(const Result<HttpReply>& reply, State wanted,
+void ChallengeService::nameChecked(const Result<HttpReply>& reply, const State& wanted,
                                    const std::function<void(Joining)>& done) {
     request_ = Request::none;
     const auto available =
