@@ -114,7 +114,6 @@ TEST(TraceReader, everyEventOfTheFormatIsKnown) {
         R"({"do":"model","available":true,"intent":{},"cleanup":"Hey Paul.","after":0.3})",
         R"({"do":"contact","name":"Paul Klein","phone":"+49 170 1","email":null})",
         R"({"do":"moveError","error":"x"})",
-        R"({"do":"reply","path":"/leaderboard.php","status":200,"body":"{}"})",
     };
     for (const char* line : later)
         EXPECT_THAT(readAll(line).failure, HasSubstr("is not simulated yet")) << line;
