@@ -11,6 +11,9 @@
 namespace skipnest::stats {
 namespace {
 
+// A thousand entries with long names.
+constexpr qsizetype largestBoard = 512 * 1024;
+
 using namespace std::chrono_literals;
 using platform::HttpReply;
 using platform::Result;
@@ -198,7 +201,8 @@ void ChallengeService::fetchBoard(std::function<void(const Result<ChallengeBoard
                     platform::Failure::Kind::refused,
                     QStringLiteral("the leaderboard answered with code %1").arg(reply->status)});
             done(decodeBoard(reply->body));
-        }));
+        }),
+        largestBoard);
 }
 
 QUrl ChallengeService::boardPage() const {
