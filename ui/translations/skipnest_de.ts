@@ -2647,6 +2647,14 @@
         <source>Entry in file managers</source>
         <translation>Eintrag in Dateiverwaltungen</translation>
     </message>
+    <message>
+        <source>Web service</source>
+        <translation>Webdienst</translation>
+    </message>
+    <message>
+        <source>Recording a crash</source>
+        <translation>Abstürze festhalten</translation>
+    </message>
 </context>
 <context>
     <name>skipnest::ui::ChallengeRows</name>
