@@ -29,18 +29,6 @@ using platform::FileKind;
 
 namespace {
 
-QString stateName(Availability::State state) {
-    switch (state) {
-    case Availability::State::available:
-        return QStringLiteral("available");
-    case Availability::State::limited:
-        return QStringLiteral("limited");
-    case Availability::State::unavailable:
-        return QStringLiteral("unavailable");
-    }
-    Q_UNREACHABLE();
-}
-
 Availability sessionRow(const platform::Backend& backend) {
     if (backend.session() == u"x11")
         return {};
@@ -88,6 +76,18 @@ Availability serviceRow(const platform::Ports& ports) {
 }
 
 } // namespace
+
+QString stateName(Availability::State state) {
+    switch (state) {
+    case Availability::State::available:
+        return QStringLiteral("available");
+    case Availability::State::limited:
+        return QStringLiteral("limited");
+    case Availability::State::unavailable:
+        return QStringLiteral("unavailable");
+    }
+    Q_UNREACHABLE();
+}
 
 std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
     const platform::Ports& ports = backend.ports();

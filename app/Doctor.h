@@ -17,6 +17,9 @@ struct DoctorRow {
     platform::Availability availability;
 };
 
+// "available", "limited" or "unavailable".
+[[nodiscard]] QString stateName(platform::Availability::State state);
+
 // What this machine and session can do. Asks the ports only; writes nothing.
 [[nodiscard]] std::vector<DoctorRow> doctorRows(const platform::Backend& backend);
 

@@ -58,8 +58,11 @@ QUrl WebService::url(const QString& path, const FormFields& query) const {
     return url;
 }
 
-void WebService::get(const QString& path, const FormFields& query, Completion completion) {
-    send({.method = HttpRequest::Method::get, .url = url(path, query)}, std::move(completion));
+void WebService::get(const QString& path, const FormFields& query, Completion completion,
+                     qsizetype largestReply) {
+    send(
+        {.method = HttpRequest::Method::get, .url = url(path, query), .largestReply = largestReply},
+        std::move(completion));
 }
 
 void WebService::post(const QString& path, const FormFields& form, Completion completion) {

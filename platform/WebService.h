@@ -35,7 +35,8 @@ public:
 
     // `path` begins with "/". `completion` (may be empty) is called once, on the main thread, never
     // from inside, and not at all once this object is gone.
-    void get(const QString& path, const FormFields& query, Completion completion);
+    void get(const QString& path, const FormFields& query, Completion completion,
+             qsizetype largestReply = HttpRequest().largestReply);
     // The fields as "application/x-www-form-urlencoded".
     void post(const QString& path, const FormFields& form, Completion completion);
 

@@ -11,6 +11,9 @@
 namespace skipnest::stats {
 namespace {
 
+// A thousand entries with long names.
+constexpr qsizetype largestBoard = 512 * 1024;
+
 using namespace std::chrono_literals;
 using platform::HttpReply;
 using platform::Result;
@@ -85,7 +88,7 @@ void ChallengeService::join(const QString& name, const QString& country,
              }));
 }
 
-void ChallengeService::nameChecked(const Result<HttpReply>& reply, State wanted,
+void ChallengeService::nameChecked(const Result<HttpReply>& reply, const State& wanted,
                                    const std::function<void(Joining)>& done) {
     request_ = Request::none;
     const auto available =
@@ -198,7 +201,8 @@ void ChallengeService::fetchBoard(std::function<void(const Result<ChallengeBoard
                     platform::Failure::Kind::refused,
                     QStringLiteral("the leaderboard answered with code %1").arg(reply->status)});
             done(decodeBoard(reply->body));
-        }));
+        }),
+        largestBoard);
 }
 
 QUrl ChallengeService::boardPage() const {

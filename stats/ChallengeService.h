@@ -87,7 +87,7 @@ private:
     // What the person asked for and the service has not answered yet.
     enum class Request { none, join, leave };
 
-    void nameChecked(const platform::Result<platform::HttpReply>& reply, State wanted,
+    void nameChecked(const platform::Result<platform::HttpReply>& reply, const State& wanted,
                      const std::function<void(Joining)>& done);
     void submissionAnswered(const platform::Result<platform::HttpReply>& reply, const QString& id);
     void accept(std::int64_t rank, std::int64_t of);

@@ -7,7 +7,6 @@
 
 namespace skipnest::stats {
 
-using platform::Done;
 using platform::FileKind;
 using platform::Outcome;
 using platform::Result;
@@ -24,8 +23,9 @@ StatsFile::Loaded StatsFile::load() {
     isWrong_ = !decoded || !decoded->problems.isEmpty();
     if (!decoded)
         return {{}, decoded.failure().detail};
-    content_ = decoded->store;
-    return {std::move(decoded->store), decoded->problems.join(QStringLiteral("; "))};
+    DecodedStats read = std::move(decoded).value();
+    content_ = read.store;
+    return {std::move(read.store), read.problems.join(QStringLiteral("; "))};
 }
 
 void StatsFile::put(StatsStore changed) {

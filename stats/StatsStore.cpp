@@ -191,7 +191,10 @@ public:
         out_ += members.mid(2, members.size() - 5);
     }
 
-    [[nodiscard]] QByteArray document() && { return std::move(out_) + "\n}\n"; }
+    [[nodiscard]] QByteArray document() && {
+        out_ += "\n}\n";
+        return std::move(out_);
+    }
 
 private:
     void begin(const QString& key) {

@@ -94,7 +94,7 @@ public:
     }
 
     void openAddress(const std::string& address, Opened opened) override {
-        [workspace_ openURL:[NSURL URLWithString:@(address.c_str())]
+        [workspace_ openURL:[NSURL URLWithString:cocoaText(address)]
                 configuration:activating()
             completionHandler:completion(std::move(opened))];
     }

@@ -33,6 +33,7 @@ protected:
                 keys + "}"));
     }
     void launch(AppDelegate::Options options = {}) {
+        desk.setServiceAddress({});
         agent.emplace(desk.ports(), std::move(options));
         agent->launch({.hotkeysRegistered = [this] { noteStep("hotkeys"); },
                        .finished = [this] { noteStep("finished"); }});
@@ -85,6 +86,7 @@ TEST_F(LaunchTest, aMisplacedProgramAsksBeforeAnyShortcutIsRegistered) {
         sim::SimDesktop stage;
         const QString path = QString::fromUtf8(row.path);
         stage.setBundlePath(path);
+        stage.setServiceAddress({});
         stage.alerts().setPatience(sim::SimAlerts::Patience::waits);
         AppDelegate delegate(stage.ports());
         bool hasFinished = false;

@@ -69,8 +69,9 @@ TEST_F(MenuBarShellTest, aClickRightAfterThePopoverLostTheFocusClosesIt) {
 }
 
 TEST_F(MenuBarShellTest, theMenuOffersTheFirstBoundTargetsAndWhatThisProgramCanDo) {
-    EXPECT_EQ(desk.statusItem().menuTitles(),
-              (QStringList{u"Open"_s, u"-"_s, u"Settings"_s, u"-"_s, u"Quit"_s}));
+    EXPECT_EQ(
+        desk.statusItem().menuTitles(),
+        (QStringList{u"Open"_s, u"-"_s, u"Settings"_s, u"Check for Updates"_s, u"-"_s, u"Quit"_s}));
     model::ShortcutListViewModel& list = agent.viewModel();
     list.addShortcut(u"/tmp/unbound"_s);
     for (int i = 0; i < 7; ++i)
@@ -86,6 +87,41 @@ TEST_F(MenuBarShellTest, theMenuOffersTheFirstBoundTargetsAndWhatThisProgramCanD
     EXPECT_EQ(shell().route().screen, platform::PopoverScreen::settings);
     desk.statusItem().choose(u"Quit"_s);
     EXPECT_EQ(quits, 1);
+}
+
+TEST_F(MenuBarShellTest, theMenuFollowsTheUse) {
+    model::ShortcutListViewModel& list = agent.viewModel();
+    for (const QString& name : {u"/tmp/a"_s, u"/tmp/b"_s, u"/Applications/Notes.app"_s})
+        list.addShortcut(
+            name, model::KeyCombo{static_cast<std::uint16_t>(18 + list.shortcuts().size()), {6}},
+            std::nullopt);
+    desk.statusItem().choose(u"Notes"_s);
+    desk.runPosted();
+    EXPECT_EQ(desk.statusItem().menuTitles().mid(2, 3), (QStringList{u"Notes"_s, u"a"_s, u"b"_s}));
+    EXPECT_EQ(agent.stats().store().byTarget.value(u"Notes"_s), 1);
+}
+
+// A check that the person asked for ends with an answer, whatever comes of it.
+TEST_F(MenuBarShellTest, checkingForUpdatesIsAnswered) {
+    const auto check = [this] {
+        desk.journal().clear();
+        desk.statusItem().choose(u"Check for Updates"_s);
+        desk.advance(1s);
+        return desk.journal().calls().back();
+    };
+    desk.advance(1s);
+    EXPECT_THAT(check(), HasSubstr("The check for updates failed"));
+    const auto release = [this](const char* version) {
+        desk.http().setAnswer(u"/version.json"_s,
+                              platform::HttpReply{200, QByteArray(R"({"version":")") + version +
+                                                           R"(","build":"1","notes":"",)"
+                                                           R"("url":"https://example.org/new"})"});
+    };
+    release("1.0.0");
+    EXPECT_THAT(check(), HasSubstr("Skipnest is up to date"));
+    release("1.1");
+    EXPECT_EQ(check(), "openURL url=https://example.org/new");
+    EXPECT_EQ(desk.statusItem().toolTip(), u"Skipnest update available"_s);
 }
 
 TEST_F(MenuBarShellTest, anUnconfirmedApplicationIsNotInTheMenu) {

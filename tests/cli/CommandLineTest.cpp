@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -69,6 +70,8 @@ TEST_F(CommandLineTest, wrongUsageSaysWhatAndEndsWithTwo) {
         {{s("combo"), s("")}, "skipnest: "},
         {{s("hotkeys")}, "--config"},
         {{s("hotkeys"), s("--config")}, "--config needs a value"},
+        {{s("stats"), s("--on"), s("2026-2-3")}, "yyyy-MM-dd"},
+        {{s("stats"), s("--on"), s("2026-02-30")}, "yyyy-MM-dd"},
         {{s("list"), s("--quick")}, "unknown option \"--quick\""},
         {{s("run"), s("fast")}, "run does not understand \"fast\""},
         {{s("--record")}, "run does not understand \"--record\""},
@@ -104,6 +107,43 @@ TEST_F(CommandLineTest, configurationIsCheckedFromFileAndStandardInput) {
     EXPECT_EQ(bad.out, "");
     EXPECT_THAT(bad.err, HasSubstr("launchAtLogin"));
     EXPECT_EQ(run({QStringLiteral("config"), QStringLiteral("check"), home.path()}).status, 1);
+}
+
+TEST_F(CommandLineTest, statisticsAreOfTheDayGiven) {
+    const QStringList verb{QStringLiteral("stats"), QStringLiteral("--on"),
+                           QStringLiteral("2026-07-24")};
+    const QByteArray store = R"({"byDay":{"2026-07-23":14,"2026-07-24":2},"total":116,"voice":4,)"
+                             R"("switcher":2,"celebrated":["j100"],"used":["voice","drop"]})";
+    const auto at = [&](const QByteArray& content) {
+        return verb + QStringList{QStringLiteral("--file"), file("stats.json", content)};
+    };
+    const std::string expected =
+        R"({"keyboard":110,"nextMilestone":null,"nextTip":{"id":"tip.hide","text":"Add ⇧ to any )"
+        R"(jump key and the window tucks away again. In, out, one hand."},"recap":{"id":)"
+        R"("recap.2026-W30","sub":"1 min. Nice week. 2-day streak 🔥","title":"16 jumps this week )"
+        R"(⚡"},"streakDays":2,"switcher":2,"timeSaved":"10 min","total":116,"voice":4,)"
+        R"("weekJumps":16})"
+        "\n";
+    EXPECT_EQ(run(at(store)).out, expected);
+    QStringList piped = verb;
+    EXPECT_EQ(run(piped << QStringLiteral("--file") << QStringLiteral("-"), store).out, expected);
+    QDir(home.path()).mkpath(QStringLiteral(".config/Skipnest"));
+    file(".config/Skipnest/stats.json", store);
+    EXPECT_EQ(run(verb).out, expected);
+
+    const Finished parted = run(at(R"({"total":7,"voice":-1})"));
+    EXPECT_EQ(parted.status, 0);
+    EXPECT_THAT(parted.out, HasSubstr("\"total\":7"));
+    EXPECT_THAT(parted.err, HasSubstr("left out voice: "));
+    const Finished refused = run(at("[]"));
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_THAT(refused.err, HasSubstr("not a JSON object"));
+    EXPECT_EQ(run({QStringLiteral("stats"), QStringLiteral("--file"), home.path()}).status, 1);
+    const Finished missing = run(
+        {QStringLiteral("stats"), QStringLiteral("--file"), home.filePath(QStringLiteral("x"))});
+    EXPECT_EQ(missing.status, 0);
+    EXPECT_THAT(missing.out, HasSubstr("\"timeSaved\":\"<1 min\""));
 }
 
 TEST_F(CommandLineTest, hotkeysAreListedInOrderWithoutSupersededOnes) {

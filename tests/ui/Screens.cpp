@@ -9,6 +9,7 @@
 #include "model/KeyCombo.h"
 #include "ui/PopoverModel.h"
 #include "ui/Translations.h"
+#include "ui/stats/StatisticsPicture.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -527,6 +528,14 @@ constexpr auto pictures = std::to_array<Picture>({
     {u"onboarding-done", Setup::check, done},
 });
 
+// What a person shares is drawn without a window.
+bool drawShared(const QDir& folder, model::Theme theme) {
+    const ui::StatisticsFigures figures{
+        248, 58, 5, 0, {3, 17, 24, 9, 38, 52, 47, 58}, QDate(2026, 2, 23)};
+    return ui::statisticsPicture(figures, ui::palette(theme))
+        .save(folder.filePath(u"share-%1.png"_s.arg(model::themeName(theme))));
+}
+
 constexpr int smallest = 0; // of a PNG's qualities, all of which are lossless
 
 constexpr std::array themes = {model::Theme::light, model::Theme::dark, model::Theme::brand};
@@ -557,6 +566,10 @@ int main(int argc, char** argv) {
     (void)folder.mkpath(u"."_s);
     const QString theme = arguments.value(1, u"all"_s);
     const QStringList wanted = arguments.mid(2);
+    for (const model::Theme each : themes)
+        if ((wanted.isEmpty() || wanted.contains(u"share"_s)) &&
+            (theme == u"all" || theme == model::themeName(each)) && !drawShared(folder, each))
+            return 1;
     for (const Picture& picture : pictures) {
         const QString name = picture.name.toString();
         if (!wanted.isEmpty() && !wanted.contains(name))

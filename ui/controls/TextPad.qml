@@ -46,6 +46,11 @@ FocusScope {
         TextEdit {
             id: edit
 
+            Binding on font.family {
+                when: pad.isCode
+                value: "monospace"
+            }
+
             width: flick.width
             height: Math.max(implicitHeight, flick.height)
             padding: 8
@@ -58,7 +63,6 @@ FocusScope {
             selectionColor: Theme.accent
             selectedTextColor: Theme.accentText
             font.pixelSize: pad.isCode ? Theme.smallSize : Theme.textSize
-            font.family: pad.isCode ? "monospace" : Qt.application.font.family
             onCursorRectangleChanged: flick.reveal(edit.cursorRectangle)
 
             Keys.onTabPressed: edit.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ui/settings/AvailabilityRows.h"
 
+#include "app/Doctor.h"
+#include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/FileIndex.h"
 #include "platform/HotkeyBackend.h"
@@ -11,29 +13,12 @@
 #include "platform/ScriptRunner.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
+#include "platform/WebService.h"
 #include "platform/Workspace.h"
 
 #include <QStringBuilder>
 
 namespace skipnest::ui {
-
-using platform::Availability;
-
-namespace {
-
-QString stateName(Availability::State state) {
-    switch (state) {
-    case Availability::State::available:
-        return QStringLiteral("available");
-    case Availability::State::limited:
-        return QStringLiteral("limited");
-    case Availability::State::unavailable:
-        return QStringLiteral("unavailable");
-    }
-    Q_UNREACHABLE();
-}
-
-} // namespace
 
 AvailabilityRows::AvailabilityRows(const platform::Ports& ports, QObject* parent)
     : KeyedListModel(parent), ports_(ports) {}
@@ -50,13 +35,17 @@ void AvailabilityRows::update() {
         {tr("Icon in the menu bar or tray"), ports_.statusItem.availability()},
         {tr("Launch at login"), ports_.loginItem.availability()},
         {tr("Entry in file managers"), ports_.servicesMenu.availability()},
+        {tr("Web service"),
+         platform::WebService(ports_.http, ports_.scheduler, ports_.app.serviceAddress)
+             .availability()},
+        {tr("Recording a crash"), ports_.crashCapture.availability()},
     });
 }
 
 QString AvailabilityRows::report() const {
     QStringList lines;
     for (const Row& row : rows())
-        lines.append(QString(row.title % u": " % stateName(row.availability.state) % u' ' %
+        lines.append(QString(row.title % u": " % app::stateName(row.availability.state) % u' ' %
                              row.availability.reason)
                          .trimmed());
     return lines.join(u'\n');
@@ -70,7 +59,7 @@ QVariant AvailabilityRows::data(const QModelIndex& index, int role) const {
     case titleRole:
         return row.title;
     case stateRole:
-        return stateName(row.availability.state);
+        return app::stateName(row.availability.state);
     case reasonRole:
         return row.availability.reason;
     case remedyRole:

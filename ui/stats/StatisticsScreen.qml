@@ -13,20 +13,28 @@ ScreenPage {
     title: qsTr("Your jumps")
     onBack: root.popover.back()
 
-    Connections {
-        target: root.statistics
-
-        // Below what was pressed, and maybe below the window's end.
-        function onShareChanged() {
-            if (root.visible)
-                Qt.callLater(() => page.reveal(share));
-        }
+    onVisibleChanged: if (root.visible) {
+        page.contentY = 0;
+        page.forceActiveFocus();
     }
 
     ScrollPage {
         id: page
 
+        function scrollBy(distance: real): void {
+            page.contentY = Math.max(0, Math.min(page.contentHeight - page.height, page.contentY + distance));
+        }
+
         anchors.fill: parent
+        // Read from the top by the arrow keys; Tab goes to what can be pressed.
+        focus: true
+        Keys.onUpPressed: page.scrollBy(-48)
+        Keys.onDownPressed: page.scrollBy(48)
+        Accessible.role: Accessible.Pane
+        Accessible.name: root.title
+        // What came of sharing stands below what was pressed.
+        onContentHeightChanged: if (root.statistics.shareResult !== "")
+            page.reveal(share)
 
         Card {
             width: parent.width
@@ -132,7 +140,6 @@ ScreenPage {
 
                 ActionButton {
                     objectName: "openChallenge"
-                    focus: true
                     text: root.statistics.isJoined ? qsTr("Show the board") : qsTr("Take a look")
                     onPressed: root.popover.open("challenge")
                 }

@@ -1821,7 +1821,7 @@
     </message>
     <message>
         <source>That&apos;s %1 of hunting you never did.</source>
-        <translation>Das sind %1 Suchen, die du dir gespart hast.</translation>
+        <translation>Das sind %1 Sucherei, die du dir gespart hast.</translation>
     </message>
     <message>
         <source>Reclaimed from window hunting - and counting.</source>
@@ -2731,6 +2731,14 @@
     <message>
         <source>Entry in file managers</source>
         <translation>Eintrag in Dateiverwaltungen</translation>
+    </message>
+    <message>
+        <source>Web service</source>
+        <translation>Webdienst</translation>
+    </message>
+    <message>
+        <source>Recording a crash</source>
+        <translation>Abstürze festhalten</translation>
     </message>
 </context>
 <context>

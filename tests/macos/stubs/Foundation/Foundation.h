@@ -62,6 +62,7 @@ typedef struct {
 @interface NSURL : NSObject
 @property (readonly, copy) NSString* path;
 + (NSURL*)fileURLWithPath:(NSString*)path;
++ (instancetype)URLWithString:(NSString*)text;
 @end
 
 @interface NSError : NSObject
