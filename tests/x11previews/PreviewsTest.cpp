@@ -60,17 +60,22 @@ public:
                        reinterpret_cast<const char*>(&message));
         sync();
     }
+    void paint(xcb_window_t window, std::uint32_t colour) {
+        xcb_change_window_attributes(connection_, window, XCB_CW_BACK_PIXEL, &colour);
+        xcb_clear_area(connection_, 1, window, 0, 0, 0, 0);
+        sync();
+    }
+    [[nodiscard]] int frameHeight(xcb_window_t window) const {
+        const XcbPtr<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(
+            connection_, xcb_get_geometry(connection_, frame(window)), nullptr));
+        return geometry->height;
+    }
     // Whether somebody redirects the root's child that has the window in it.
     [[nodiscard]] bool isRedirected(xcb_window_t window) const {
-        for (xcb_window_t parent = window; parent != root();) {
-            const XcbPtr<xcb_query_tree_reply_t> tree(
-                xcb_query_tree_reply(connection_, xcb_query_tree(connection_, parent), nullptr));
-            window = parent;
-            parent = tree->parent;
-        }
         const xcb_pixmap_t pixmap = xcb_generate_id(connection_);
         const XcbPtr<xcb_generic_error_t> error(xcb_request_check(
-            connection_, xcb_composite_name_window_pixmap_checked(connection_, window, pixmap)));
+            connection_,
+            xcb_composite_name_window_pixmap_checked(connection_, frame(window), pixmap)));
         if (!error)
             xcb_free_pixmap(connection_, pixmap);
         return !error;
@@ -79,6 +84,15 @@ public:
 private:
     [[nodiscard]] xcb_window_t root() const {
         return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+    }
+    [[nodiscard]] xcb_window_t frame(xcb_window_t window) const {
+        for (xcb_window_t parent = window; parent != root();) {
+            const XcbPtr<xcb_query_tree_reply_t> tree(
+                xcb_query_tree_reply(connection_, xcb_query_tree(connection_, parent), nullptr));
+            window = parent;
+            parent = tree->parent;
+        }
+        return window;
     }
     void sync() const {
         std::free(
@@ -120,7 +134,11 @@ protected:
     xcb_window_t open(std::uint32_t colour) {
         const xcb_window_t window = painted.open(colour);
         opened.push_back(window);
-        EXPECT_TRUE(waitFor([&] { return listed(window).has_value(); }));
+        // openbox announces a window before it maps it.
+        EXPECT_TRUE(waitFor([&] {
+            const auto found = listed(window);
+            return found && found->isOnScreen;
+        }));
         return window;
     }
     [[nodiscard]] std::optional<CapturableWindow> listed(xcb_window_t window) {
@@ -179,6 +197,24 @@ TEST_F(PreviewsTest, CoveredMinimisedAndOtherDesktopsWindowsShowTheirOwnColours)
     EXPECT_EQ(found->owner, application("Painted")->pid);
 }
 
+TEST_F(PreviewsTest, ARolledUpWindowShowsWhatItShowedAndIsReadAnewOnceItIsRolledDown) {
+    capture->setEnabled(true);
+    const xcb_window_t window = open(red);
+    const QSizeF whole = listed(window)->frame.size();
+    const auto roll = [&](const char* how) {
+        const QString command = QStringLiteral("wmctrl -i -r %1 -b %2,shaded");
+        return runTool(command.arg(window).arg(QLatin1String(how)).toLatin1().constData());
+    };
+    ASSERT_TRUE(roll("add"));
+    ASSERT_TRUE(waitFor([&] { return painted.frameHeight(window) < 100; }));
+    EXPECT_TRUE(shows(window, red));
+    EXPECT_EQ(listed(window)->frame.size(), whole);
+    EXPECT_TRUE(listed(window)->isOnScreen);
+    painted.paint(window, blue);
+    ASSERT_TRUE(roll("remove"));
+    EXPECT_TRUE(waitFor([&] { return shows(window, blue); }));
+}
+
 TEST_F(PreviewsTest, AResizedWindowIsReadAnew) {
     capture->setEnabled(true);
     const xcb_window_t window = open(red);
@@ -216,7 +252,7 @@ TEST_F(PreviewsTest, NothingIsRedirectedWhileItIsOff) {
     EXPECT_FALSE(painted.isRedirected(window));
     EXPECT_FALSE(listed(window));
     capture->setEnabled(true);
-    EXPECT_TRUE(shows(window, red));
+    EXPECT_TRUE(waitFor([&] { return shows(window, red); }));
     EXPECT_TRUE(painted.isRedirected(window));
     const auto found = listed(window);
     capture->setEnabled(false);

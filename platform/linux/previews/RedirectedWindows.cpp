@@ -8,6 +8,15 @@
 #include <utility>
 
 namespace skipnest::linuxdesktop {
+namespace {
+
+// Of what the server tells of a window.
+template <typename Geometry> QSize withBorder(const Geometry& geometry) {
+    return {geometry.width + 2 * geometry.border_width,
+            geometry.height + 2 * geometry.border_width};
+}
+
+} // namespace
 
 RedirectedWindows::Pixmap::~Pixmap() {
     if (const auto connection = connection_.lock()) {
@@ -54,7 +63,7 @@ const RedirectedWindows::Window* RedirectedWindows::find(xcb_window_t client) co
 
 void RedirectedWindows::forgetPixmap(xcb_window_t client) {
     const auto found = windows_.find(client);
-    if (found != windows_.end() && !found->second.viewable)
+    if (found != windows_.end() && !found->second.whole)
         found->second.pixmap.reset();
 }
 
@@ -63,11 +72,7 @@ void RedirectedWindows::follow(const std::vector<xcb_window_t>& clients) {
     std::erase_if(windows_, [&](const auto& entry) {
         if (wanted.contains(entry.first))
             return false;
-        constexpr std::uint32_t nothing = XCB_EVENT_MASK_NO_EVENT;
-        xcb_change_window_attributes(connection_.get(), entry.second.frame, XCB_CW_EVENT_MASK,
-                                     &nothing);
-        xcb_composite_unredirect_window(connection_.get(), entry.second.frame,
-                                        XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+        leave(entry.first, entry.second);
         return true;
     });
     for (const xcb_window_t client : clients) {
@@ -76,6 +81,15 @@ void RedirectedWindows::follow(const std::vector<xcb_window_t>& clients) {
     }
     xcb_flush(connection_.get());
     drainSoon();
+}
+
+// Of windows that have gone the server refuses this, which nobody hears of.
+void RedirectedWindows::leave(xcb_window_t client, const Window& window) {
+    constexpr std::uint32_t nothing = XCB_EVENT_MASK_NO_EVENT;
+    for (const xcb_window_t left : {client, window.frame})
+        xcb_change_window_attributes(connection_.get(), left, XCB_CW_EVENT_MASK, &nothing);
+    xcb_composite_unredirect_window(connection_.get(), window.frame,
+                                    XCB_COMPOSITE_REDIRECT_AUTOMATIC);
 }
 
 xcb_window_t RedirectedWindows::frameOf(xcb_window_t client) const {
@@ -97,36 +111,52 @@ void RedirectedWindows::add(xcb_window_t client) {
     if (frame == XCB_WINDOW_NONE)
         return;
     constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(connection, frame, XCB_CW_EVENT_MASK, &events);
+    for (const xcb_window_t followed : {client, frame})
+        xcb_change_window_attributes(connection, followed, XCB_CW_EVENT_MASK, &events);
     xcb_composite_redirect_window(connection, frame, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     // Asked after selecting: a change in between is in both.
-    const auto geometryCookie = xcb_get_geometry(connection, frame);
+    const auto clientCookie = xcb_get_geometry(connection, client);
+    const auto frameCookie = xcb_get_geometry(connection, frame);
     const auto attributesCookie = xcb_get_window_attributes(connection, frame);
-    const XcbPtr<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(connection, geometryCookie, nullptr));
+    const XcbPtr<xcb_get_geometry_reply_t> inner(
+        xcb_get_geometry_reply(connection, clientCookie, nullptr));
+    const XcbPtr<xcb_get_geometry_reply_t> outer(
+        xcb_get_geometry_reply(connection, frameCookie, nullptr));
     const XcbPtr<xcb_get_window_attributes_reply_t> attributes(
         xcb_get_window_attributes_reply(connection, attributesCookie, nullptr));
-    if (!geometry || !attributes)
+    if (!inner || !outer || !attributes)
         return;
     Window& window = windows_[client];
     window.frame = frame;
-    window.geometry = QRect(geometry->x, geometry->y, geometry->width + 2 * geometry->border_width,
-                            geometry->height + 2 * geometry->border_width);
+    window.frameSize = withBorder(*outer);
+    window.clientSize = withBorder(*inner);
+    window.geometry = QRect(QPoint(outer->x, outer->y), window.frameSize);
     window.viewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-    if (window.viewable)
-        name(window);
+    update(client, window);
 }
 
-void RedirectedWindows::name(Window& window) {
-    const xcb_pixmap_t id = xcb_generate_id(connection_.get());
-    xcb_composite_name_window_pixmap(connection_.get(), window.frame, id);
-    window.pixmap = std::make_shared<const Pixmap>(connection_, id);
-    xcb_flush(connection_.get());
+void RedirectedWindows::update(xcb_window_t client, Window& window) {
+    const bool fits = window.clientSize.boundedTo(window.frameSize) == window.clientSize;
+    const bool resized = fits && window.geometry.size() != window.frameSize;
+    if (fits)
+        window.geometry.setSize(window.frameSize);
+    const bool wasWhole = std::exchange(window.whole, fits && window.viewable);
+    // A new size is a new pixmap, and so is being mapped.
+    if (window.whole && (resized || !wasWhole)) {
+        const xcb_pixmap_t id = xcb_generate_id(connection_.get());
+        xcb_composite_name_window_pixmap(connection_.get(), window.frame, id);
+        window.pixmap = std::make_shared<const Pixmap>(connection_, id);
+        xcb_flush(connection_.get());
+    } else if (wasWhole && !window.whole) {
+        events_.hidden(client);
+    }
 }
 
-xcb_window_t RedirectedWindows::clientOf(xcb_window_t frame) const {
+xcb_window_t RedirectedWindows::clientOf(xcb_window_t window) const {
+    if (windows_.contains(window))
+        return window;
     const auto found = std::ranges::find_if(
-        windows_, [frame](const auto& entry) { return entry.second.frame == frame; });
+        windows_, [window](const auto& entry) { return entry.second.frame == window; });
     return found == windows_.end() ? xcb_window_t{XCB_WINDOW_NONE} : found->first;
 }
 
@@ -141,34 +171,38 @@ void RedirectedWindows::handle(const xcb_generic_event_t& event) {
     if (client == XCB_WINDOW_NONE)
         return;
     Window& window = windows_.at(client);
+    // What a client sent tells what somebody is to believe.
+    const bool sent = event.response_type != type;
     switch (type) {
     case XCB_MAP_NOTIFY:
-        window.viewable = true;
-        name(window);
-        break;
     case XCB_UNMAP_NOTIFY:
-        window.viewable = false;
-        events_.unmapped(client);
-        break;
-    case XCB_CONFIGURE_NOTIFY: {
-        // One that a client sent tells what the window manager wants it to believe.
-        if (event.response_type != type)
+        if (sent || about.window != window.frame)
             break;
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        const QRect geometry(configured.x, configured.y,
-                             configured.width + 2 * configured.border_width,
-                             configured.height + 2 * configured.border_width);
-        const bool resized = geometry.size() != window.geometry.size();
-        window.geometry = geometry;
-        // A new size is a new pixmap.
-        if (resized && window.viewable)
-            name(window);
+        window.viewable = type == XCB_MAP_NOTIFY;
+        update(client, window);
         break;
-    }
+    case XCB_CONFIGURE_NOTIFY:
+        if (sent)
+            break;
+        configure(client, window, reinterpret_cast<const xcb_configure_notify_event_t&>(event));
+        update(client, window);
+        break;
     default:
+        leave(client, window);
         windows_.erase(client);
         events_.reparented();
         break;
+    }
+}
+
+void RedirectedWindows::configure(xcb_window_t client, Window& window,
+                                  const xcb_configure_notify_event_t& event) {
+    // One without a frame is both.
+    if (event.window == client)
+        window.clientSize = withBorder(event);
+    if (event.window == window.frame) {
+        window.frameSize = withBorder(event);
+        window.geometry.moveTopLeft(QPoint(event.x, event.y));
     }
 }
 

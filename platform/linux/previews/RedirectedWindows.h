@@ -29,13 +29,20 @@ public:
     class Pixmap;
     struct Window {
         xcb_window_t frame = XCB_WINDOW_NONE;
-        QRect geometry; // of the frame, in the server's pixels
-        bool viewable = false;
-        std::shared_ptr<const Pixmap> pixmap; // the newest; none before it was first viewable
+        // Of the frame with the whole client in it, in the server's pixels.
+        QRect geometry;
+        bool viewable = false; // the frame is
+        // The whole client is to be seen in the frame. Not so in one that is rolled up to its
+        // title bar, or that shrinks as it is minimised: openbox does that for 160 ms.
+        bool whole = false;
+        std::shared_ptr<const Pixmap> pixmap; // as it was when last whole; none before
+
+        QSize frameSize;
+        QSize clientSize;
     };
     struct Events {
-        // The pixmap is the last picture of the window until it is viewable again.
-        std::function<void(xcb_window_t)> unmapped;
+        // The pixmap is the last picture of the window until it is whole again.
+        std::function<void(xcb_window_t)> hidden;
         // Its frame is another one or gone: follow() has to be told the windows again.
         std::function<void()> reparented;
     };
@@ -64,9 +71,13 @@ private:
     void handle(const xcb_generic_event_t& event);
     [[nodiscard]] xcb_window_t frameOf(xcb_window_t client) const;
     void add(xcb_window_t client);
-    void name(Window& window);
-    // The client in this frame, XCB_WINDOW_NONE for other windows.
-    [[nodiscard]] xcb_window_t clientOf(xcb_window_t frame) const;
+    void leave(xcb_window_t client, const Window& window);
+    static void configure(xcb_window_t client, Window& window,
+                          const xcb_configure_notify_event_t& event);
+    // Takes in what has become of its two sizes and of being mapped.
+    void update(xcb_window_t client, Window& window);
+    // The client that this is, or is the frame of; XCB_WINDOW_NONE for other windows.
+    [[nodiscard]] xcb_window_t clientOf(xcb_window_t window) const;
 
     Connection connection_;
     platform::Scheduler& scheduler_;

@@ -99,7 +99,7 @@ void X11ScreenCapture::follow() {
     redirected_->follow(windows_.stacking());
     std::erase_if(kept_, [this](const auto& entry) {
         const auto* window = redirected_->find(entry.first);
-        return window == nullptr || window->viewable;
+        return window == nullptr || window->whole;
     });
 }
 
@@ -261,7 +261,7 @@ void X11ScreenCapture::finish(JobNumber number, const QImage& picture) {
     if (job.captured) {
         const bool gone = window == nullptr || picture.isNull();
         job.captured(gone ? nullptr : &picture);
-    } else if (window != nullptr && !window->viewable && window->pixmap == job.pixmap) {
+    } else if (window != nullptr && !window->whole && window->pixmap == job.pixmap) {
         keep(job.client, picture);
     }
 }
