@@ -18,7 +18,7 @@ struct X11ApplicationPorts {
           workspace(scheduler, entries, windows, applications, commands, launcher, startup),
           control(scheduler, windows, applications, commands), tabs(scheduler, runtimeFolder),
           scripts(windows, applications, commands, tabs, display),
-          accessibility(display, scheduler, windows, applications, commands) {}
+          accessibility(display, scheduler, executor, windows, applications, commands) {}
 
     DesktopEntries entries;
     X11Windows windows;

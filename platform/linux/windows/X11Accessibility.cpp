@@ -28,6 +28,10 @@ bool isApplication(const AccessibilityElement& element) {
     return (element.id & applicationBit) != 0;
 }
 
+bool isMenu(const AccessibilityElement& element) {
+    return !isApplication(element) && WindowMenus::isMenu(element);
+}
+
 ProcessIdentifier pidOf(const AccessibilityElement& element) {
     // The bit below is the sign.
     const std::uint64_t sign = (element.id << 1) & applicationBit;
@@ -58,18 +62,35 @@ bool isOf(const X11Application& application, xcb_window_t window) {
 } // namespace
 
 X11Accessibility::X11Accessibility(X11Display& display, platform::Scheduler& scheduler,
-                                   X11Windows& windows, X11Applications& applications,
-                                   X11WindowCommands& commands)
+                                   platform::Executor& executor, X11Windows& windows,
+                                   X11Applications& applications, X11WindowCommands& commands)
     : scheduler_(scheduler), windows_(windows), applications_(applications), commands_(commands),
-      reader_(display) {}
+      reader_(display), menus_(scheduler, executor, windows, applications) {}
 
 platform::Availability X11Accessibility::availability() const {
+    using Service = AtspiConnection::Service;
+    using State = platform::Availability::State;
     windows_.settle();
-    if (windows_.hasWindowManager())
+    if (!windows_.hasWindowManager())
+        return {State::limited,
+                u"No window manager runs: windows can be raised, but not minimised."_s,
+                u"Start a window manager."_s};
+    switch (AtspiConnection::service()) {
+    case Service::running:
         return {};
-    return {platform::Availability::State::limited,
-            u"No window manager runs: windows can be raised, but not minimised."_s,
-            u"Start a window manager."_s};
+    case Service::forSomeToolkits:
+        return {State::limited,
+                u"Qt programs do not show their Window menus: documents that share one window "
+                "cannot be listed."_s,
+                u"Turn accessibility on in the desktop's settings and start the program again."_s};
+    case Service::absent:
+        return {State::limited,
+                u"Window menus of programs cannot be read: documents that share one window cannot "
+                "be listed."_s,
+                u"Install at-spi2-core, turn accessibility on in the desktop's settings and log "
+                "in again."_s};
+    }
+    Q_UNREACHABLE();
 }
 
 AccessibilityElement X11Accessibility::application(ProcessIdentifier pid) {
@@ -80,6 +101,8 @@ std::optional<AccessibilityValue> X11Accessibility::attribute(const Accessibilit
                                                               const QString& name) {
     if (!element)
         return std::nullopt;
+    if (isMenu(element))
+        return menus_.attribute(element, name);
     return isApplication(element) ? applicationAttribute(pidOf(element), name)
                                   : windowAttribute(windowOf(element), name);
 }
@@ -96,6 +119,10 @@ std::optional<AccessibilityValue> X11Accessibility::applicationAttribute(Process
         return std::nullopt;
     if (name == u"AXWindows")
         return listWindows(*application);
+    if (name == u"AXMenuBar") {
+        const AccessibilityElement bar = menus_.bar(*application);
+        return bar ? std::optional<AccessibilityValue>(bar) : std::nullopt;
+    }
     if (name == u"AXTitle")
         return application->identity.name;
     if (name == u"AXFrontmost")
@@ -161,6 +188,8 @@ int X11Accessibility::setAttribute(const AccessibilityElement& element, const QS
                                    const AccessibilityValue& value) {
     const auto* flag = std::get_if<bool>(&value);
     const auto* other = std::get_if<AccessibilityElement>(&value);
+    if (isMenu(element))
+        return AccessibilityStatus::attributeUnsupported;
     if (!isApplication(element)) {
         if (name == u"AXMinimized" && flag)
             return setMinimised(windowOf(element), *flag);
@@ -183,9 +212,25 @@ int X11Accessibility::setAttribute(const AccessibilityElement& element, const QS
 }
 
 int X11Accessibility::performAction(const AccessibilityElement& element, const QString& name) {
-    if (isApplication(element) || name != u"AXRaise")
+    if (isMenu(element) && name == u"AXPress")
+        return press(element);
+    if (isApplication(element) || isMenu(element) || name != u"AXRaise")
         return AccessibilityStatus::actionUnsupported;
     return bringForward(windowOf(element));
+}
+
+int X11Accessibility::press(const AccessibilityElement& entry) {
+    applications_.update();
+    // Window managers keep windows of a program behind that is not in front itself.
+    const X11Application* front = applications_.active();
+    const std::int64_t process = menus_.processOf(entry);
+    if (process != 0 && (front == nullptr || front->processId != process)) {
+        const auto& all = applications_.all();
+        const auto owner = std::ranges::find(all, process, &X11Application::processId);
+        if (owner != all.end())
+            (void)bringForward(owner->windows.front());
+    }
+    return menus_.press(entry);
 }
 
 int X11Accessibility::setMinimised(xcb_window_t window, bool minimised) {

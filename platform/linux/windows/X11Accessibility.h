@@ -2,10 +2,12 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/Executor.h"
 #include "platform/Scheduler.h"
 #include "platform/linux/X11Applications.h"
 #include "platform/linux/X11WindowCommands.h"
 #include "platform/linux/X11Windows.h"
+#include "platform/linux/windows/WindowMenus.h"
 #include "platform/linux/windows/X11WindowDetails.h"
 
 #include <unordered_map>
@@ -17,8 +19,7 @@ namespace skipnest::linuxdesktop {
 // windows of an application are asked of the X server, no program, in one round trip when its
 // windows are listed.
 //
-// Menus of other programs are not read: nothing of them is needed to list or raise a window, as
-// every window of an application is in the window manager's list.
+// Of menus only the list of windows in a program's Window menu is known: WindowMenus.
 //
 // Bringing a window forward is one request here, whatever of "AXMain", "AXFocusedWindow", "AXRaise"
 // and "AXFrontmost" asks for it: the window manager goes to its desktop, takes it out of its icon,
@@ -26,7 +27,8 @@ namespace skipnest::linuxdesktop {
 // way.
 class X11Accessibility final : public platform::Accessibility {
 public:
-    X11Accessibility(X11Display& display, platform::Scheduler& scheduler, X11Windows& windows,
+    X11Accessibility(X11Display& display, platform::Scheduler& scheduler,
+                     platform::Executor& executor, X11Windows& windows,
                      X11Applications& applications, X11WindowCommands& commands);
 
     [[nodiscard]] platform::Availability availability() const override;
@@ -56,6 +58,7 @@ private:
     [[nodiscard]] const X11WindowDetails* details(xcb_window_t window);
     int setMinimised(xcb_window_t window, bool minimised);
     int bringForward(xcb_window_t window);
+    int press(const platform::AccessibilityElement& entry);
 
     platform::Scheduler& scheduler_;
     X11Windows& windows_;
@@ -63,6 +66,7 @@ private:
     X11WindowCommands& commands_;
     const X11WindowDetailsReader reader_;
     std::unordered_map<xcb_window_t, Known> known_;
+    WindowMenus menus_;
 };
 
 } // namespace skipnest::linuxdesktop
