@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/AppDelegate.h"
 
+#include "app/BrowserPrompt.h"
 #include "app/LocationCheck.h"
 #include "platform/Alerts.h"
 #include "platform/CrashCapture.h"
@@ -139,6 +140,12 @@ void AppDelegate::createShell() {
                      [this](auto outcome) { updatesChecked(outcome); });
     shell_->createStatusItemAndPopover();
     ports_.panels.createSwitcherBar();
+    browserTabs_.setGuide([this](const platform::RunningApplication& browser) {
+        promptForExtension(ports_, browser, [this, alive = alive_, id = browser.bundleIdentifier] {
+            if (*alive)
+                shell_->showPopover({platform::PopoverScreen::browsers, {}, id});
+        });
+    });
 }
 
 // What need not be ready with the first key press.

@@ -4,6 +4,8 @@
 #include "app/LocationCheck.h"
 #include "model/ConfigurationCoding.h"
 #include "model/StorageService.h"
+#include "platform/Accessibility.h"
+#include "platform/BrowserExtensions.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
@@ -13,6 +15,7 @@
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardCapture.h"
 #include "platform/LoginItem.h"
+#include "platform/ScreenCapture.h"
 #include "platform/ScriptRunner.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
@@ -75,6 +78,19 @@ Availability serviceRow(const platform::Ports& ports) {
         .availability();
 }
 
+// One row a browser, and one before them where none can be reached at all.
+void addBrowserRows(std::vector<DoctorRow>& rows, const platform::BrowserExtensions& extensions) {
+    const std::vector<platform::ExtensibleBrowser> browsers = extensions.browsers();
+    const Availability all = extensions.availability();
+    if (browsers.empty() || all.state != Availability::State::available) {
+        rows.push_back({QStringLiteral("browser tabs"), all});
+        return;
+    }
+    for (const platform::ExtensibleBrowser& browser : browsers)
+        rows.push_back({u"tabs of " % titleOf(browser),
+                        platform::tabsAvailability(browser, extensions.folder())});
+}
+
 } // namespace
 
 QString stateName(Availability::State state) {
@@ -91,12 +107,14 @@ QString stateName(Availability::State state) {
 
 std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
     const platform::Ports& ports = backend.ports();
-    return {
+    std::vector<DoctorRow> rows{
         {QStringLiteral("session"), sessionRow(backend)},
         {QStringLiteral("configuration"), configurationRow(ports)},
         {QStringLiteral("global hotkeys"), ports.hotkeys.availability()},
         {QStringLiteral("keyboard events"), ports.keyEvents.availability()},
         {QStringLiteral("applications"), ports.workspace.availability()},
+        {QStringLiteral("windows of programs"), ports.accessibility.availability()},
+        {QStringLiteral("window previews"), ports.screenCapture.availability()},
         {QStringLiteral("window cycling"), ports.scripts.availability()},
         {QStringLiteral("status item"), ports.statusItem.availability()},
         {QStringLiteral("recording a combo"), ports.keyboardCapture.availability()},
@@ -109,6 +127,8 @@ std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
         {QStringLiteral("web service"), serviceRow(ports)},
         {QStringLiteral("crash capture"), ports.crashCapture.availability()},
     };
+    addBrowserRows(rows, ports.browserExtensions);
+    return rows;
 }
 
 QJsonArray doctorJson(const std::vector<DoctorRow>& rows) {
@@ -122,7 +142,7 @@ QJsonArray doctorJson(const std::vector<DoctorRow>& rows) {
 }
 
 QString doctorText(const std::vector<DoctorRow>& rows) {
-    constexpr qsizetype column = 21;
+    constexpr qsizetype column = 27;
     QString text;
     for (const DoctorRow& row : rows) {
         text += row.name.leftJustified(column) % stateName(row.availability.state) % u'\n';

@@ -75,11 +75,13 @@ export class Tabs {
         return this.#places[window - 1]?.[tab - 1];
     }
 
-    // The tab with this number, unless it shows something else by now and what it showed is
-    // elsewhere.
+    // The tab with this number. It may show something else by now: then a tab that shows what this
+    // one did goes before it.
     async #at(place) {
         const meant = await this.#remembered(place);
-        return meant && this.#find({ ...place, url: meant.url, title: meant.title });
+        if (!meant) return undefined;
+        const found = await this.#find({ ...place, url: meant.url, title: meant.title });
+        return found ?? api.tabs.get(meant.id).catch(() => undefined);
     }
 
     async #find({ window, tab, url, title }) {
@@ -98,10 +100,11 @@ export class Tabs {
 
     async #select(tab) {
         await api.tabs.update(tab.id, { active: true });
-        const window = await api.windows.get(tab.windowId);
-        const shown = window.state === "minimized" ? { state: "normal" } : {};
-        await api.windows.update(tab.windowId, { ...shown, focused: true });
+        const before = await api.windows.get(tab.windowId);
+        const shown = before.state === "minimized" ? { state: "normal" } : {};
+        const window = await api.windows.update(tab.windowId, { ...shown, focused: true });
         this.noteFocus(tab.windowId);
-        return { found: true, title: titleOf(tab) };
+        const frame = [window.left, window.top, window.width, window.height];
+        return { found: true, title: titleOf(tab), frame };
     }
 }

@@ -43,6 +43,11 @@ std::optional<QByteArray> MessageReader::next() {
         return std::nullopt;
     QByteArray message = received_.mid(taken_ + headSize, static_cast<qsizetype>(length));
     taken_ += headSize + static_cast<qsizetype>(length);
+    // One long message is no reason to hold on to its room.
+    if (taken_ == received_.size()) {
+        received_ = QByteArray();
+        taken_ = 0;
+    }
     return message;
 }
 

@@ -23,6 +23,8 @@ QString screenName(PopoverScreen screen) {
         return QStringLiteral("challenge");
     case PopoverScreen::crash:
         return QStringLiteral("crash");
+    case PopoverScreen::browsers:
+        return QStringLiteral("browsers");
     }
     Q_UNREACHABLE();
 }

@@ -21,12 +21,15 @@ enum class PopoverScreen {
     statistics,
     challenge,
     crash,
+    browsers,
 };
 
-// What the popover shows. `targetPath` only for `add`: the target is chosen already.
+// What the popover shows. `targetPath` only for `add`: the target is chosen already. `browser` only
+// for `browsers`: the identifier of the one to set up, else the person chooses.
 struct PopoverRoute {
     PopoverScreen screen = PopoverScreen::list;
     QString targetPath;
+    QString browser = {};
 
     bool operator==(const PopoverRoute&) const = default;
 };
@@ -60,7 +63,7 @@ public:
 };
 
 // The name of a screen as the command line and logs have it: "list", "add", "import", "export",
-// "settings", "feedback", "statistics", "challenge", "crash".
+// "settings", "feedback", "statistics", "challenge", "crash", "browsers".
 [[nodiscard]] QString screenName(PopoverScreen screen);
 
 } // namespace skipnest::platform

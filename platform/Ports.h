@@ -9,6 +9,7 @@ class Accessibility;
 class Alerts;
 class ApplicationControl;
 class Bookmarks;
+class BrowserExtensions;
 class CrashCapture;
 class DesktopShortcuts;
 class Diagnostics;
@@ -74,6 +75,7 @@ struct Ports {
     Accessibility& accessibility;
     ScreenCapture& screenCapture;
     PointerEvents& pointer;
+    BrowserExtensions& browserExtensions;
 };
 
 } // namespace skipnest::platform

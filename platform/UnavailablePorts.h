@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/BrowserExtensions.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
@@ -186,6 +187,17 @@ public:
 private:
     Scheduler& scheduler_;
     Availability why_;
+};
+
+// Of a system whose browsers are asked without one: nothing is missing.
+class NoBrowserExtensions final : public BrowserExtensions {
+public:
+    [[nodiscard]] Availability availability() const override { return {}; }
+    [[nodiscard]] std::vector<ExtensibleBrowser> browsers() const override { return {}; }
+    [[nodiscard]] QString folder() const override { return {}; }
+    Outcome install(const ExtensibleBrowser&) override { return Done{}; }
+    Outcome remove(const ExtensibleBrowser&) override { return Done{}; }
+    [[nodiscard]] Observation observeConnections(std::function<void()>) override { return {}; }
 };
 
 // Nobody clicks.

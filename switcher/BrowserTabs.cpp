@@ -54,6 +54,15 @@ std::optional<std::int64_t> number(QStringView field) {
     return fits ? std::optional<std::int64_t>(value) : std::nullopt;
 }
 
+// For the log, which holds no address: a page without a title of its own is called by it.
+QString loggedTitle(const BrowserTabs::BrowserTab& tab) {
+    const auto isPartOf = [&tab](const QString& url) { return url.contains(tab.title); };
+    const bool isAddress =
+        tab.title.contains(u'/') &&
+        (isPartOf(tab.url) || isPartOf(QUrl::fromPercentEncoding(tab.url.toUtf8())));
+    return isAddress ? QUrl(tab.url).host() : tab.title;
+}
+
 std::optional<BrowserTabs::BrowserTab> parseLine(QStringView line) {
     const QList<QStringView> fields = line.split(QChar(1));
     if (fields.size() < 4)
@@ -152,23 +161,26 @@ void BrowserTabs::activate(const BrowserTab& tab, const RunningApplication& app)
                                             tab.title};
         if (run({*script, meaning}, relocationBudget) == u"1"_s)
             return;
-        ports_.diagnostics.log(u"browsertabs: relocation missed '" % tab.title %
+        ports_.diagnostics.log(u"browsertabs: relocation missed '" % loggedTitle(tab) %
                                u"' — coordinate fallback w" % QString::number(tab.windowIndex) %
                                u" t" % QString::number(tab.tabIndex));
     }
     const auto selected = run({activateScript(*spoken, bundle, tab.windowIndex, tab.tabIndex),
                                platform::ActivateTab{bundle, tab.windowIndex, tab.tabIndex}},
                               activationBudget);
-    ports_.diagnostics.log(u"browsertabs: activate '" % tab.title % u"' → " %
+    ports_.diagnostics.log(u"browsertabs: activate '" % loggedTitle(tab) % u"' → " %
                            (selected ? u"OK"_s : u"FAIL"_s));
 }
 
 void BrowserTabs::showConsentPrompt(const RunningApplication& app) {
-    // These browsers are not asked by Apple events: the settings page has no switch for them.
-    if (ports_.scripts.furtherBrowsers().contains(app.bundleIdentifier))
-        return;
     if (std::exchange(consentPromptShown_, true))
         return;
+    // These are not asked by Apple events: the system's settings have no switch for them.
+    if (ports_.scripts.furtherBrowsers().contains(app.bundleIdentifier)) {
+        if (guide_)
+            guide_(app);
+        return;
+    }
     const QString name = app.name.isEmpty() ? u"your browser"_s : app.name;
     const platform::Alert alert{
         .message = u"Let Skipnest switch "_s % name % u" tabs",

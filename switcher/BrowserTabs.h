@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -29,6 +30,11 @@ public:
     enum class Prompt { ifDenied, never };
 
     explicit BrowserTabs(const platform::Ports& ports);
+
+    // What is done, once, where a browser that only an extension reaches has none connected.
+    void setGuide(std::function<void(const platform::RunningApplication&)> guide) {
+        guide_ = std::move(guide);
+    }
 
     // By exact identifier; the backend's own browsers count as `chromium`.
     [[nodiscard]] std::optional<Dialect> dialect(const QString& bundleIdentifier) const;
@@ -61,6 +67,7 @@ private:
     platform::Ports ports_;
     int lastError_ = 0;
     bool consentPromptShown_ = false;
+    std::function<void(const platform::RunningApplication&)> guide_;
 };
 
 } // namespace skipnest::switcher

@@ -25,7 +25,9 @@ using platform::Duration;
 namespace {
 
 constexpr Duration shortestPause = 1s;
-constexpr Duration longestPause = 60s;
+// Looking for a socket that is not there costs next to nothing, and an agent that has just started
+// should not be without tabs for long.
+constexpr Duration longestPause = 10s;
 constexpr qsizetype chunk = 65'536;
 
 void makeNonBlocking(int descriptor) {

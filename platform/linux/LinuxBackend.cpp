@@ -26,6 +26,7 @@
 #include "platform/linux/X11Keymap.h"
 #include "platform/linux/X11PointerEvents.h"
 #include "platform/linux/browser/ExtensionTabs.h"
+#include "platform/linux/browser/LinuxBrowserExtensions.h"
 #include "platform/linux/crash/AlternateStack.h"
 #include "platform/linux/crash/LinuxCrashCapture.h"
 #include "platform/linux/index/LinuxFileIndex.h"
@@ -131,6 +132,8 @@ private:
           screenCapture_(*display_, services_->scheduler, services_->executor,
                          applications_.windows, applications_.applications),
           pointer_(*display_, services_->scheduler),
+          browserExtensions_(services_->files, app, QProcessEnvironment::systemEnvironment(),
+                             applications_.tabs),
           desktop_(*services_, app, QProcessEnvironment::systemEnvironment(), applications_.entries,
                    display_.get(), &keymap_),
           ports_{app,
@@ -165,7 +168,8 @@ private:
                  *services_->crashCapture,
                  applications_.accessibility,
                  screenCapture_,
-                 pointer_} {}
+                 pointer_,
+                 browserExtensions_} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -177,6 +181,7 @@ private:
     X11KeyboardCapture keyboardCapture_;
     X11ScreenCapture screenCapture_;
     X11PointerEvents pointer_;
+    LinuxBrowserExtensions browserExtensions_;
     DesktopServices desktop_;
     platform::Ports ports_;
 };
@@ -190,6 +195,7 @@ public:
           workspace_(session, waylandSocketPath(QProcessEnvironment::systemEnvironment()), entries_,
                      services_.scheduler, services_.executor),
           tabs_(services_.scheduler, app.runtimeFolder), scripts_(session, tabs_),
+          browserExtensions_(services_.files, app, QProcessEnvironment::systemEnvironment(), tabs_),
           accessibility_(scripts_.availability()), keyboardCapture_(session, services_.scheduler),
           desktop_(services_, app, QProcessEnvironment::systemEnvironment(), entries_, nullptr,
                    nullptr),
@@ -225,7 +231,8 @@ public:
                  *services_.crashCapture,
                  accessibility_,
                  services_.screenCapture,
-                 services_.pointer} {}
+                 services_.pointer,
+                 browserExtensions_} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {
@@ -247,6 +254,7 @@ private:
     HeadlessApplications control_;
     ExtensionTabs tabs_;
     HeadlessScripts scripts_;
+    LinuxBrowserExtensions browserExtensions_;
     platform::UnavailableAccessibility accessibility_;
     WindowKeyboardCapture keyboardCapture_;
     DesktopServices desktop_;

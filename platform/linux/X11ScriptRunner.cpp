@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/X11ScriptRunner.h"
 
+#include "platform/linux/browser/SelectedWindow.h"
+
 namespace skipnest::linuxdesktop {
 namespace {
 
@@ -67,22 +69,23 @@ ScriptAnswer X11ScriptRunner::cycle(const platform::CycleWindows& request) {
 
 // A browser in the background may select the tab and still leave its window where it is.
 void X11ScriptRunner::raiseSelectedTab(const QString& bundleIdentifier) {
-    const QString& title = tabs_.selectedTitle();
-    if (title.isEmpty())
+    if (!tabs_.selected())
         return;
     applications_.update();
     const X11Application* application = applications_.withBundleIdentifier(bundleIdentifier);
     if (application == nullptr)
         return;
     const auto details = details_.read(application->windows);
+    std::vector<BrowserWindow> faces;
     for (const xcb_window_t window : application->windows) {
         const auto found = details.find(window);
-        if (found == details.end() || !found->second.title.startsWith(title))
-            continue;
-        if (windows_.active() != window)
-            commands_.activate(window);
-        return;
+        faces.push_back(found == details.end()
+                            ? BrowserWindow{}
+                            : BrowserWindow{found->second.title, found->second.frame});
     }
+    const auto shown = windowThatShows(*tabs_.selected(), faces);
+    if (shown && windows_.active() != application->windows[*shown])
+        commands_.activate(application->windows[*shown]);
 }
 
 ScriptAnswer X11ScriptRunner::minimiseFirst(const X11Application& application) {

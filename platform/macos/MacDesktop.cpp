@@ -84,7 +84,8 @@ platform::Ports MacDesktop::ports() {
             .crashCapture = crashCapture_,
             .accessibility = accessibility_,
             .screenCapture = screenCapture_,
-            .pointer = pointer_};
+            .pointer = pointer_,
+            .browserExtensions = browserExtensions_};
 }
 
 } // namespace skipnest::macos

@@ -67,6 +67,7 @@ private:
     platform::UnavailableAccessibility accessibility_;
     platform::UnavailableScreenCapture screenCapture_;
     platform::UnavailablePointerEvents pointer_;
+    platform::NoBrowserExtensions browserExtensions_;
 };
 
 } // namespace skipnest::macos

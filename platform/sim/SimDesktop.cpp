@@ -113,7 +113,8 @@ SimDesktop::SimDesktop()
              .crashCapture = crashCapture_,
              .accessibility = accessibility_,
              .screenCapture = screenCapture_,
-             .pointer = pointer_} {
+             .pointer = pointer_,
+             .browserExtensions = browserExtensions_} {
     for (const QString& folder :
          {u"Downloads"_s, u"Documents"_s, u"Desktop"_s, u"Pictures"_s, u"Movies"_s, u"Music"_s})
         (void)files_.createFolder(ports_.app.home + u'/' + folder);

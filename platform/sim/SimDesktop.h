@@ -11,6 +11,7 @@
 #include "platform/sim/SimAlerts.h"
 #include "platform/sim/SimApplications.h"
 #include "platform/sim/SimBookmarks.h"
+#include "platform/sim/SimBrowserExtensions.h"
 #include "platform/sim/SimFileIndex.h"
 #include "platform/sim/SimHotkeys.h"
 #include "platform/sim/SimHttp.h"
@@ -140,6 +141,7 @@ public:
     [[nodiscard]] SimScreens& screens() { return screens_; }
     [[nodiscard]] SimPanels& panels() { return panels_; }
     [[nodiscard]] SimPointerEvents& pointer() { return pointer_; }
+    [[nodiscard]] SimBrowserExtensions& browserExtensions() { return browserExtensions_; }
     [[nodiscard]] SimLoginItem& loginItem() { return loginItem_; }
     [[nodiscard]] SimServicesMenu& servicesMenu() { return servicesMenu_; }
     [[nodiscard]] SimDistributedNotifications& distributedNotifications() {
@@ -180,6 +182,7 @@ private:
     SimAccessibility accessibility_;
     SimScreenCapture screenCapture_;
     SimPointerEvents pointer_;
+    SimBrowserExtensions browserExtensions_;
     platform::Ports ports_;
     Trust trust_;
     Locale locale_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/BrowserHosts.h"
+#include "platform/linux/browser/BrowserHosts.h"
 #include "platform/BrowserExtension.h"
 #include "platform/linux/PosixFiles.h"
 
@@ -13,12 +13,12 @@
 
 #include <gtest/gtest.h>
 
-namespace skipnest::cli {
+namespace skipnest::linuxdesktop {
 namespace {
 
 using namespace Qt::StringLiterals;
-using State = BrowserHosts::State;
-using Packaging = BrowserHosts::Packaging;
+using State = platform::ExtensibleBrowser::Host;
+using Packaging = platform::ExtensibleBrowser::Packaging;
 
 QJsonObject jsonIn(const QString& path) {
     QFile file(path);
@@ -37,7 +37,7 @@ protected:
         for (const auto& browser : hosts(host).found())
             all.append(u"%1 %2 %3"_s.arg(browser.name)
                            .arg(static_cast<int>(browser.packaging))
-                           .arg(static_cast<int>(browser.state)));
+                           .arg(static_cast<int>(browser.host)));
         return all;
     }
     static QString row(const QString& name, Packaging packaging, State state) {
@@ -47,7 +47,7 @@ protected:
     }
 
     QTemporaryDir home;
-    linuxdesktop::PosixFiles files;
+    PosixFiles files;
 };
 
 TEST_F(BrowserHostsTest, EveryBrowserOfTheUserGetsItsManifestAndLosesItAgain) {
@@ -68,7 +68,7 @@ TEST_F(BrowserHostsTest, EveryBrowserOfTheUserGetsItsManifestAndLosesItAgain) {
     };
     EXPECT_EQ(states(), expected(State::missing));
     for (const auto& browser : hosts().found()) {
-        if (browser.state == State::unreachable)
+        if (browser.host == State::unreachable)
             continue;
         EXPECT_TRUE(hosts().install(browser)) << qPrintable(browser.name);
     }
@@ -114,4 +114,4 @@ TEST(Extension, HasTheIdentifiersThatItsHostAllows) {
 }
 
 } // namespace
-} // namespace skipnest::cli
+} // namespace skipnest::linuxdesktop

@@ -154,7 +154,8 @@ TEST_F(ExtensionTabsTest, ProfilesAreOneBrowserAndTheOneLastInFrontComesFirst) {
     EXPECT_EQ(text(list()), u"1|1|work|1|u1\n1|2|b|0|u2\n2|1|c|0|u3\n"
                             u"3|1|home|1|u1\n3|2|b|0|u2\n4|1|c|0|u3\n"_s);
     EXPECT_EQ(text(tabs.run(platform::ActivateTab{chromium, 2, 1}, 1s)), QString());
-    EXPECT_EQ(tabs.selectedTitle(), u"work"_s);
+    ASSERT_TRUE(tabs.selected());
+    EXPECT_EQ(tabs.selected()->title, u"work"_s);
     // The place's own profile has lost it; the other one has it.
     EXPECT_EQ(text(tabs.run(platform::RelocateTab{chromium, 4, 1, u"u3"_s, u"c"_s}, 1s)), u"1"_s);
     EXPECT_EQ(asked, (QJsonArray{

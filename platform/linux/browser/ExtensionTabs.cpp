@@ -4,6 +4,11 @@
 #include "platform/BrowserExtension.h"
 #include "platform/linux/browser/TabListing.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocalSocket>
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <utility>
 
@@ -27,7 +32,8 @@ ScriptError notConnected() {
 ScriptError refusal(const QJsonObject& answer) {
     constexpr qsizetype longest = 200;
     const QString said = answer.value(u"error").toString().left(longest);
-    return {ExtensionTabs::noSuchObject, said.isEmpty() || said.contains(u"://")
+    static const QRegularExpression address(QStringLiteral("/|:\\S"));
+    return {ExtensionTabs::noSuchObject, said.isEmpty() || said.contains(address)
                                              ? QStringLiteral("The browser refused.")
                                              : said};
 }
@@ -45,15 +51,54 @@ QString cut(const QString& text, qsizetype longest) {
 constexpr qsizetype longestTitle = 1024;
 constexpr qsizetype longestUrl = 4096;
 
+constexpr int patienceWithAgent = 500; // ms; it is on this machine
+
+QStringList connectedToAgent(const QString& socketPath) {
+    QLocalSocket socket;
+    socket.connectToServer(socketPath);
+    if (!socket.waitForConnected(patienceWithAgent))
+        return {};
+    socket.write(platform::framedMessage(QByteArrayLiteral("{\"who\":1}")));
+    platform::MessageReader reader(platform::longestTabsRequest);
+    while (socket.waitForReadyRead(patienceWithAgent)) {
+        const QByteArray bytes = socket.readAll();
+        reader.append(bytes.constData(), bytes.size());
+        const auto message = reader.next();
+        if (!message)
+            continue;
+        QStringList browsers;
+        for (const QJsonValue browser :
+             QJsonDocument::fromJson(*message).object().value(u"connected").toArray())
+            browsers.append(browser.toString());
+        return browsers;
+    }
+    return {};
+}
+
+QRect rectangle(const QJsonArray& numbers) {
+    return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(),
+                                       numbers[3].toInt())
+                               : QRect();
+}
+
 } // namespace
 
-ExtensionTabs::ExtensionTabs(const platform::Scheduler& clock, QString runtimeFolder,
+ExtensionTabs::ExtensionTabs(platform::Scheduler& scheduler, QString runtimeFolder,
                              TabsServer::Identify identify)
-    : clock_(clock), socketPath_(platform::tabsSocketPath(runtimeFolder)),
-      server_(clock, std::move(identify)) {}
+    : scheduler_(scheduler), socketPath_(platform::tabsSocketPath(runtimeFolder)),
+      server_(scheduler, std::move(identify), [&scheduler, weak = std::weak_ptr(changed_)] {
+          scheduler.post([weak] {
+              if (const auto changed = weak.lock())
+                  changed->notify();
+          });
+      }) {}
 
 platform::Outcome ExtensionTabs::listen() {
     return server_.listen(socketPath_);
+}
+
+QStringList ExtensionTabs::connectedBrowsers() const {
+    return server_.isListening() ? server_.connectedBrowsers() : connectedToAgent(socketPath_);
 }
 
 QStringList ExtensionTabs::browsers() {
@@ -63,7 +108,7 @@ QStringList ExtensionTabs::browsers() {
 }
 
 ScriptAnswer ExtensionTabs::run(const platform::EnumerateTabs& request, Duration budget) {
-    selectedTitle_.clear();
+    selected_.reset();
     std::vector<TabsServer::Question> questions;
     for (const ConnectionId connection : server_.connections(request.bundleIdentifier))
         questions.push_back({connection, {{QStringLiteral("do"), QStringLiteral("enumerate")}}});
@@ -102,7 +147,7 @@ ScriptAnswer ExtensionTabs::run(const platform::EnumerateTabs& request, Duration
 }
 
 ScriptAnswer ExtensionTabs::run(const platform::ActivateTab& request, Duration budget) {
-    selectedTitle_.clear();
+    selected_.reset();
     const auto connections = server_.connections(request.bundleIdentifier);
     if (connections.empty())
         return notConnected();
@@ -115,8 +160,8 @@ ScriptAnswer ExtensionTabs::run(const platform::ActivateTab& request, Duration b
 }
 
 ScriptAnswer ExtensionTabs::run(const platform::RelocateTab& request, Duration budget) {
-    selectedTitle_.clear();
-    const platform::Instant deadline = clock_.now() + budget;
+    selected_.reset();
+    const platform::Instant deadline = scheduler_.now() + budget;
     auto connections = server_.connections(request.bundleIdentifier);
     if (connections.empty())
         return notConnected();
@@ -131,7 +176,7 @@ ScriptAnswer ExtensionTabs::run(const platform::RelocateTab& request, Duration b
                                           isHome ? request.tabIndex : 0);
         question.insert(QStringLiteral("url"), cut(request.url, longestUrl));
         question.insert(QStringLiteral("title"), cut(request.title, longestTitle));
-        answer = select({connection, question}, deadline - clock_.now());
+        answer = select({connection, question}, deadline - scheduler_.now());
         const auto* text = std::get_if<ScriptText>(&answer);
         if (text == nullptr || text->text == u"1")
             break;
@@ -165,7 +210,8 @@ ScriptAnswer ExtensionTabs::select(const TabsServer::Question& question, Duratio
         return refusal(answer.message);
     const bool isFound = answer.message.value(u"found").toBool();
     if (isFound)
-        selectedTitle_ = answer.message.value(u"title").toString();
+        selected_ = Selected{answer.message.value(u"title").toString(),
+                             rectangle(answer.message.value(u"frame").toArray())};
     return ScriptText{isFound ? QStringLiteral("1") : QStringLiteral("0")};
 }
 

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/Observers.h"
 #include "platform/ScriptRunner.h"
 #include "platform/linux/browser/BrowserProcess.h"
 #include "platform/linux/browser/TabsServer.h"
 
 #include <QHash>
+#include <QRect>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace skipnest::linuxdesktop {
@@ -21,11 +25,24 @@ public:
     static constexpr int notPermitted = -1743; // no extension of this browser is connected
     static constexpr int noSuchObject = -1719;
 
-    ExtensionTabs(const platform::Scheduler& clock, QString runtimeFolder,
+    // What the browser says of a tab that it has just selected.
+    struct Selected {
+        QString title;
+        QRect window; // in the browser's own pixels; empty where it does not say
+    };
+
+    ExtensionTabs(platform::Scheduler& scheduler, QString runtimeFolder,
                   TabsServer::Identify identify = browserThatStarted);
 
     // From here on hosts find the agent. For the one that runs, nobody else.
     platform::Outcome listen();
+    // The browsers whose extension is connected, by identifier; asked of the agent where that is
+    // another process.
+    [[nodiscard]] QStringList connectedBrowsers() const;
+    // Told on the main thread when that has changed.
+    [[nodiscard]] platform::Observation observeConnections(std::function<void()> changed) {
+        return changed_->add(std::move(changed));
+    }
 
     // Browsers that only the extension reaches here: also those that other systems can ask by
     // themselves, so that nobody is sent to another system's settings for them.
@@ -38,8 +55,8 @@ public:
     [[nodiscard]] platform::ScriptAnswer run(const platform::RelocateTab& request,
                                              platform::Duration budget);
 
-    // Of the tab that the last run selected; empty where it selected none.
-    [[nodiscard]] const QString& selectedTitle() const { return selectedTitle_; }
+    // By the last run; nothing where it selected none.
+    [[nodiscard]] const std::optional<Selected>& selected() const { return selected_; }
 
 private:
     using ConnectionId = TabsServer::ConnectionId;
@@ -57,11 +74,13 @@ private:
     [[nodiscard]] platform::ScriptAnswer select(const TabsServer::Question& question,
                                                 platform::Duration budget);
 
-    const platform::Scheduler& clock_;
+    platform::Scheduler& scheduler_;
     const QString socketPath_;
+    const std::shared_ptr<platform::Observers<>> changed_ =
+        std::make_shared<platform::Observers<>>();
     TabsServer server_;
     QHash<QString, std::vector<Section>> listed_; // by browser
-    QString selectedTitle_;
+    std::optional<Selected> selected_;
 };
 
 } // namespace skipnest::linuxdesktop

@@ -35,6 +35,8 @@ constexpr std::size_t mostConnections = 16;
 // A host that takes nothing any more is let go with this much waiting for it.
 constexpr qsizetype mostOutgoing = 1 << 20;
 constexpr qsizetype chunk = 65'536;
+// Until accepting is tried again when this process has no descriptor left.
+constexpr int pauseWithoutDescriptors = 1'000; // ms
 
 FileDescriptor newSignal() {
     return FileDescriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
@@ -62,8 +64,8 @@ std::int64_t peerPid(int socket) {
 
 } // namespace
 
-TabsServer::TabsServer(const platform::Scheduler& clock, Identify identify)
-    : clock_(clock), identify_(std::move(identify)) {}
+TabsServer::TabsServer(const platform::Scheduler& clock, Identify identify, Changed changed)
+    : clock_(clock), identify_(std::move(identify)), changed_(std::move(changed)) {}
 
 TabsServer::~TabsServer() {
     if (!thread_.joinable())
@@ -110,6 +112,15 @@ std::vector<TabsServer::ConnectionId> TabsServer::connections(const QString& bro
             found.push_back(known->id);
     }
     return found;
+}
+
+QStringList TabsServer::connectedBrowsers() const {
+    const std::lock_guard lock(mutex_);
+    QStringList browsers;
+    for (const Greeted& known : greeted_)
+        browsers.append(known.browser);
+    browsers.removeDuplicates();
+    return browsers;
 }
 
 std::vector<TabsServer::Answer> TabsServer::ask(const std::vector<Question>& questions,
@@ -160,13 +171,17 @@ std::vector<TabsServer::Answer> TabsServer::ask(const std::vector<Question>& que
 void TabsServer::serve() {
     ensureAlternateStack();
     for (;;) {
-        std::vector<pollfd> ends{{wakeThread_.get(), POLLIN, 0}, {listener_.get(), POLLIN, 0}};
+        // A connection that cannot be accepted would be reported again and again.
+        std::vector<pollfd> ends{{wakeThread_.get(), POLLIN, 0},
+                                 {isOutOfDescriptors_ ? -1 : listener_.get(), POLLIN, 0}};
         for (const auto& connection : connections_)
             ends.push_back(
                 {connection->socket.get(),
                  static_cast<short>(POLLIN | (connection->outgoing.isEmpty() ? 0 : POLLOUT)), 0});
-        if (::poll(ends.data(), ends.size(), -1) < 0 && errno != EINTR)
+        const int patience = isOutOfDescriptors_ ? pauseWithoutDescriptors : -1;
+        if (::poll(ends.data(), ends.size(), patience) < 0 && errno != EINTR)
             return;
+        isOutOfDescriptors_ = false;
         lower(wakeThread_);
         {
             const std::lock_guard lock(mutex_);
@@ -191,6 +206,7 @@ void TabsServer::serve() {
 void TabsServer::accept() {
     FileDescriptor socket(
         ::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    isOutOfDescriptors_ = !socket && (errno == EMFILE || errno == ENFILE);
     if (!socket || !SocketPeer().isSameUser(socket.get()) || connections_.size() >= mostConnections)
         return;
     QString browser = identify_(peerPid(socket.get()));
@@ -262,11 +278,8 @@ void TabsServer::handle(Connection& connection, const QByteArray& message) {
 }
 
 void TabsServer::greet(Connection& connection, const QJsonObject& message) {
-    const std::lock_guard lock(mutex_);
     if (message.contains(u"who")) {
-        QJsonArray browsers;
-        for (const Greeted& known : greeted_)
-            browsers.append(known.browser);
+        const QJsonArray browsers = QJsonArray::fromStringList(connectedBrowsers());
         connection.outgoing += framed({{QStringLiteral("connected"), browsers}});
         return;
     }
@@ -276,17 +289,25 @@ void TabsServer::greet(Connection& connection, const QJsonObject& message) {
     }
     connection.greeted = true;
     connection.outgoing += framed({{QStringLiteral("welcome"), 1}});
-    greeted_.push_back({connection.id, connection.browser});
+    {
+        const std::lock_guard lock(mutex_);
+        greeted_.push_back({connection.id, connection.browser});
+    }
+    changed_();
 }
 
 void TabsServer::forget(const Connection& connection) {
-    const std::lock_guard lock(mutex_);
-    std::erase_if(greeted_, [&](const Greeted& known) { return known.id == connection.id; });
-    for (auto& [number, pending] : pending_) {
-        if (pending.connection == connection.id && pending.answer.state == Answer::State::late)
-            pending.answer.state = Answer::State::gone;
+    {
+        const std::lock_guard lock(mutex_);
+        std::erase_if(greeted_, [&](const Greeted& known) { return known.id == connection.id; });
+        for (auto& [number, pending] : pending_) {
+            if (pending.connection == connection.id && pending.answer.state == Answer::State::late)
+                pending.answer.state = Answer::State::gone;
+        }
     }
     raise(wakeMain_);
+    if (connection.greeted)
+        changed_();
 }
 
 } // namespace skipnest::linuxdesktop

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <functional>
@@ -33,6 +34,8 @@ public:
     using ConnectionId = std::uint64_t;
     // The browser behind a process; empty turns it away. Called on the thread.
     using Identify = std::function<QString(std::int64_t pid)>;
+    // A connection came or went. Called on the thread.
+    using Changed = std::function<void()>;
 
     struct Question {
         ConnectionId connection = 0;
@@ -44,7 +47,7 @@ public:
         QJsonObject message;
     };
 
-    TabsServer(const platform::Scheduler& clock, Identify identify);
+    TabsServer(const platform::Scheduler& clock, Identify identify, Changed changed);
     ~TabsServer();
     TabsServer(const TabsServer&) = delete;
     TabsServer& operator=(const TabsServer&) = delete;
@@ -52,6 +55,9 @@ public:
     // Takes the place of any socket left there. Once.
     platform::Outcome listen(const QString& path);
 
+    [[nodiscard]] bool isListening() const { return thread_.joinable(); }
+    // Identifiers of the browsers with a connection.
+    [[nodiscard]] QStringList connectedBrowsers() const;
     // The connections of a browser, one a profile, the newest first.
     [[nodiscard]] std::vector<ConnectionId> connections(const QString& browser) const;
     // Asks all at once and waits until each has answered or gone, at most `budget` in all. One
@@ -92,6 +98,7 @@ private:
 
     const platform::Scheduler& clock_;
     const Identify identify_;
+    const Changed changed_;
     FileDescriptor listener_;
     FileDescriptor wakeThread_;
     FileDescriptor wakeMain_;
@@ -99,6 +106,7 @@ private:
     // The thread's own.
     std::vector<std::unique_ptr<Connection>> connections_;
     ConnectionId lastConnection_ = 0;
+    bool isOutOfDescriptors_ = false; // nobody can be accepted for a while
 
     mutable std::mutex mutex_; // for what follows
     std::vector<Greeted> greeted_;

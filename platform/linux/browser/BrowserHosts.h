@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/BrowserExtensions.h"
 #include "platform/Files.h"
 #include "platform/Result.h"
 
@@ -9,7 +10,7 @@
 
 #include <vector>
 
-namespace skipnest::cli {
+namespace skipnest::linuxdesktop {
 
 // The files by which browsers learn of the host program: one a browser, in the person's own
 // folders. A browser is found by the folder that it keeps its profiles in or by its program.
@@ -21,25 +22,11 @@ public:
         QStringList programs; // PATH
         QString host;         // the host program
     };
-    // Snap and Flatpak browsers live in a sandbox that starts no program from outside of it.
-    enum class Packaging { native, snap, flatpak };
-    enum class State {
-        installed,
-        missing,
-        outdated,    // another host, or other extensions
-        unreachable, // sandboxed
-    };
-    struct Browser {
-        QString name;
-        QString identifier;
-        Packaging packaging = Packaging::native;
-        State state = State::missing;
-        QString manifest; // its path; empty where unreachable
-        bool needsSignedExtension = false;
-    };
+    using Browser = platform::ExtensibleBrowser;
 
     BrowserHosts(platform::Files& files, Places places);
 
+    // Connections are not known here.
     [[nodiscard]] std::vector<Browser> found() const;
     platform::Outcome install(const Browser& browser);
     // Done as well where there is nothing to remove.
@@ -49,7 +36,7 @@ private:
     struct Row;
 
     [[nodiscard]] QByteArray manifestFor(const Row& row) const;
-    [[nodiscard]] State stateOf(const QString& manifest, const Row& row) const;
+    [[nodiscard]] Browser::Host stateOf(const QString& manifest, const Row& row) const;
     [[nodiscard]] bool hasProgram(const Row& row) const;
 
     static const std::vector<Row>& table();
@@ -57,4 +44,4 @@ private:
     const Places places_;
 };
 
-} // namespace skipnest::cli
+} // namespace skipnest::linuxdesktop

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/BrowserHosts.h"
+#include "platform/linux/browser/BrowserHosts.h"
 
 #include "platform/BrowserExtension.h"
 
@@ -11,11 +11,13 @@
 #include <algorithm>
 #include <utility>
 
-namespace skipnest::cli {
+namespace skipnest::linuxdesktop {
 
 using namespace Qt::StringLiterals;
 using platform::FileKind;
 using platform::Outcome;
+using Host = platform::ExtensibleBrowser::Host;
+using Packaging = platform::ExtensibleBrowser::Packaging;
 
 namespace {
 
@@ -33,6 +35,7 @@ struct BrowserHosts::Row {
     QStringList programs;
     QString snap; // empty where there is none
     QString flatpak;
+    QString extensionsPage;
 };
 
 const std::vector<BrowserHosts::Row>& BrowserHosts::table() {
@@ -43,35 +46,40 @@ const std::vector<BrowserHosts::Row>& BrowserHosts::table() {
          u"google-chrome"_s,
          {u"google-chrome"_s, u"google-chrome-stable"_s},
          {},
-         u"com.google.Chrome"_s},
+         u"com.google.Chrome"_s,
+         u"chrome://extensions"_s},
         {u"Chromium"_s,
          u"org.chromium.Chromium"_s,
          Family::chromium,
          u"chromium"_s,
          {u"chromium"_s, u"chromium-browser"_s},
          u"chromium"_s,
-         u"org.chromium.Chromium"_s},
+         u"org.chromium.Chromium"_s,
+         u"chrome://extensions"_s},
         {u"Microsoft Edge"_s,
          u"com.microsoft.edgemac"_s,
          Family::chromium,
          u"microsoft-edge"_s,
          {u"microsoft-edge"_s, u"microsoft-edge-stable"_s},
          {},
-         u"com.microsoft.Edge"_s},
+         u"com.microsoft.Edge"_s,
+         u"edge://extensions"_s},
         {u"Brave"_s,
          u"com.brave.Browser"_s,
          Family::chromium,
          u"BraveSoftware/Brave-Browser"_s,
          {u"brave-browser"_s, u"brave"_s},
          u"brave"_s,
-         u"com.brave.Browser"_s},
+         u"com.brave.Browser"_s,
+         u"brave://extensions"_s},
         {u"Firefox"_s,
          u"org.mozilla.firefox"_s,
          Family::firefox,
          u".mozilla"_s,
          {u"firefox"_s, u"firefox-esr"_s},
          u"firefox"_s,
-         u"org.mozilla.firefox"_s},
+         u"org.mozilla.firefox"_s,
+         u"about:debugging#/runtime/this-firefox"_s},
     };
     return rows;
 }
@@ -84,16 +92,19 @@ std::vector<BrowserHosts::Browser> BrowserHosts::found() const {
     for (const Row& row : table()) {
         const bool isFirefox = row.family == Family::firefox;
         const QString folder = (isFirefox ? places_.home : places_.configHome) % u'/' % row.folder;
-        Browser browser{row.name, row.identifier, Packaging::native, State::missing, {}, isFirefox};
+        Browser browser{.name = row.name,
+                        .identifier = row.identifier,
+                        .extensionsPage = row.extensionsPage,
+                        .keepsSignedOnly = isFirefox};
         if (files_.kind(folder) == FileKind::folder || hasProgram(row)) {
             browser.manifest =
                 folder % (isFirefox ? u"/native-messaging-hosts/" : u"/NativeMessagingHosts/") %
                 platform::nativeHostName % u".json";
-            browser.state = stateOf(browser.manifest, row);
+            browser.host = stateOf(browser.manifest, row);
             browsers.push_back(browser);
         }
         browser.manifest.clear();
-        browser.state = State::unreachable;
+        browser.host = Host::unreachable;
         const auto addSandboxed = [&](Packaging packaging, const QString& data) {
             browser.packaging = packaging;
             if (files_.kind(places_.home % data) == FileKind::folder)
@@ -107,6 +118,9 @@ std::vector<BrowserHosts::Browser> BrowserHosts::found() const {
 }
 
 Outcome BrowserHosts::install(const Browser& browser) {
+    if (browser.host == Host::unreachable)
+        return platform::Failure{platform::Failure::Kind::unavailable,
+                                 browser.name % u" starts no program outside of its sandbox"};
     const auto row = std::ranges::find(table(), browser.identifier, &Row::identifier);
     if (const Outcome folder =
             files_.createFolder(browser.manifest.left(browser.manifest.lastIndexOf(u'/')));
@@ -116,7 +130,7 @@ Outcome BrowserHosts::install(const Browser& browser) {
 }
 
 Outcome BrowserHosts::remove(const Browser& browser) {
-    if (browser.state == State::missing || browser.state == State::unreachable)
+    if (browser.host == Host::missing || browser.host == Host::unreachable)
         return platform::Done{};
     return files_.remove(browser.manifest);
 }
@@ -138,11 +152,11 @@ QByteArray BrowserHosts::manifestFor(const Row& row) const {
     return QJsonDocument(manifest).toJson();
 }
 
-BrowserHosts::State BrowserHosts::stateOf(const QString& manifest, const Row& row) const {
+Host BrowserHosts::stateOf(const QString& manifest, const Row& row) const {
     if (files_.kind(manifest) == FileKind::none)
-        return State::missing;
+        return Host::missing;
     const auto content = files_.read(manifest, largestManifest);
-    return content && *content == manifestFor(row) ? State::installed : State::outdated;
+    return content && *content == manifestFor(row) ? Host::installed : Host::outdated;
 }
 
 bool BrowserHosts::hasProgram(const Row& row) const {
@@ -155,4 +169,4 @@ bool BrowserHosts::hasProgram(const Row& row) const {
     });
 }
 
-} // namespace skipnest::cli
+} // namespace skipnest::linuxdesktop
