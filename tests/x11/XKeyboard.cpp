@@ -125,7 +125,8 @@ void XKeyboard::ungrabKeyboard() {
 
 void XKeyboard::openFocusedWindow() {
     const xcb_window_t window = xcb_generate_id(connection_);
-    const std::uint32_t events = XCB_EVENT_MASK_KEY_PRESS;
+    const std::uint32_t events =
+        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_FOCUS_CHANGE;
     xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root_, 0, 0, 100, 100, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
@@ -134,7 +135,22 @@ void XKeyboard::openFocusedWindow() {
     sync();
 }
 
-std::vector<std::string> XKeyboard::typed() {
+const std::vector<std::string>& XKeyboard::typed() {
+    readEvents();
+    return typed_;
+}
+
+const std::vector<std::string>& XKeyboard::releases() {
+    readEvents();
+    return releases_;
+}
+
+const std::vector<std::string>& XKeyboard::focusChanges() {
+    readEvents();
+    return focusChanges_;
+}
+
+void XKeyboard::readEvents() {
     sync();
     while (auto* event = xcb_poll_for_event(connection_)) {
         if (event->response_type == XCB_KEY_PRESS) {
@@ -148,10 +164,16 @@ std::vector<std::string> XKeyboard::typed() {
                     text += name;
             }
             typed_.push_back(text + std::to_string(press.detail));
+        } else if (event->response_type == XCB_KEY_RELEASE) {
+            releases_.push_back(
+                std::to_string(reinterpret_cast<const xcb_key_release_event_t*>(event)->detail));
+        } else if (event->response_type == XCB_FOCUS_IN || event->response_type == XCB_FOCUS_OUT) {
+            const auto& focus = *reinterpret_cast<const xcb_focus_in_event_t*>(event);
+            if (focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB)
+                focusChanges_.emplace_back(event->response_type == XCB_FOCUS_IN ? "in" : "out");
         }
         std::free(event);
     }
-    return typed_;
 }
 
 } // namespace skipnest::tests

@@ -49,17 +49,21 @@ public:
     // A window that has the focus from here on.
     void openFocusedWindow();
     // What was typed into it so far: "shift+control+38" for each press, in order.
-    [[nodiscard]] std::vector<std::string> typed();
+    [[nodiscard]] const std::vector<std::string>& typed();
+    [[nodiscard]] const std::vector<std::string>& releases(); // "38"
+    // "out" and "in", as grabs take the keyboard away and give it back.
+    [[nodiscard]] const std::vector<std::string>& focusChanges();
 
     void disconnect();
 
 private:
     void sync() const;
     void fake(std::uint8_t type, xcb_keycode_t keycode);
+    void readEvents();
 
     xcb_connection_t* connection_;
     xcb_window_t root_ = 0;
-    std::vector<std::string> typed_;
+    std::vector<std::string> typed_, releases_, focusChanges_;
 };
 
 } // namespace skipnest::tests

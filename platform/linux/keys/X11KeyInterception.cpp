@@ -12,7 +12,9 @@ using platform::KeyInterceptor;
 using platform::KeyTap;
 
 // A desktop's hotkey has the keyboard until its key is released; its window list until its
-// modifiers are.
+// modifiers are. One period is also what the desktop has to take the keyboard in answer to its
+// hotkey: ample for a window manager (some 1 ms), shorter than from one key of a fast typist to the
+// next.
 constexpr platform::Duration retryPeriod = 20ms;
 
 } // namespace
@@ -34,7 +36,7 @@ platform::Result<KeyTap> X11KeyInterception::begin(KeyInterceptor& interceptor) 
     interceptor_ = &interceptor;
     replayed_.clear();
     release_.reset();
-    held_.readFrom(display_.connection());
+    readKeys();
     return KeyTap([this, alive = std::weak_ptr(alive_), serial = ++serial_] {
         if (!alive.expired() && serial == serial_)
             end();
@@ -98,11 +100,14 @@ bool X11KeyInterception::isClaimed(const xcb_key_press_event_t& event) {
 void X11KeyInterception::pass(const xcb_key_press_event_t& event, bool isRepeat) {
     const bool goesBelow = isRepeat && replayed_.contains(event.detail);
     if (!goesBelow && strokes_.available() && isClaimed(event)) {
+        grab_.release();
         pressAgain(event);
-    } else {
-        replayed_.insert(event.detail);
-        grab_.replayKey();
+        refused_ = false;
+        takeAgainLater();
+        return;
     }
+    replayed_.insert(event.detail);
+    grab_.replayKey();
     takeAgain();
 }
 
@@ -135,23 +140,31 @@ void X11KeyInterception::released() {
     takeAgain();
 }
 
-// Keys may have gone up and down unseen in between.
 void X11KeyInterception::takeAgain() {
-    if (retry_)
-        return;
-    if (grab_.take().ok()) {
-        held_.readFrom(display_.connection());
-        return;
-    }
+    refused_ = !grab_.take().ok();
+    if (refused_)
+        takeAgainLater();
+    else
+        readKeys();
+}
+
+void X11KeyInterception::takeAgainLater() {
     retry_ = scheduler_.every(retryPeriod, "keyboard", [this] {
-        if (!grab_.take().ok())
+        if (!grab_.take().ok()) {
+            refused_ = true;
             return;
-        held_.readFrom(display_.connection());
-        replayed_.clear();
-        KeyInterceptor& interceptor = *interceptor_;
+        }
+        readKeys();
         retry_.reset();
-        interceptor.tapWasDisabled(KeyInterceptor::Disabled::userInput);
+        if (std::exchange(refused_, false))
+            interceptor_->tapWasDisabled(KeyInterceptor::Disabled::userInput);
     });
+}
+
+// Keys may have gone up and down unseen.
+void X11KeyInterception::readKeys() {
+    held_.readFrom(display_.connection());
+    std::erase_if(replayed_, [this](auto keycode) { return !held_.down().contains(keycode); });
 }
 
 } // namespace skipnest::linuxdesktop

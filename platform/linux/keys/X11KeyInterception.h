@@ -21,11 +21,13 @@ namespace skipnest::linuxdesktop {
 //   release as well. But the server leaves out all passive grabs then, so no hotkey of the desktop
 //   would fire.
 // - So a chord on which somebody else has a passive grab is pressed again by XTEST, with the
-// keyboard
-//   let go. That alone would not do: a press by XTEST ends the auto-repeat of the key held down.
+//   keyboard let go for a moment: that somebody may want all of it, as a window list or a screen
+//   locker does. That alone would not do: a press by XTEST ends the auto-repeat of the key held
+//   down.
 //
-// Both let go of the keyboard for the time of a request. Keys that were pressed while the program
-// was busy and still wait in the server then go on with the passed one, unseen, in their order.
+// A replay lets go of the keyboard for the time of a request. Keys that were pressed while the
+// program was busy and still wait in the server then go on with the passed one, unseen, in their
+// order.
 class X11KeyInterception final : private X11KeyboardGrab::Events {
 public:
     X11KeyInterception(X11Display& display, X11Keymap& keymap, platform::Scheduler& scheduler,
@@ -46,6 +48,8 @@ private:
     void pressAgain(const xcb_key_press_event_t& event);
     void released();
     void takeAgain();
+    void takeAgainLater();
+    void readKeys();
     void end();
 
     X11Display& display_;
@@ -61,6 +65,7 @@ private:
     std::optional<xcb_keycode_t> release_;
     std::unique_ptr<X11KeyClaims> claims_; // from the first passed key on
     platform::Timer retry_;
+    bool refused_ = false; // somebody has it: the interceptor is to hear that it was away
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
