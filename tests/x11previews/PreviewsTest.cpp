@@ -3,14 +3,15 @@
 #include "tests/x11workspace/Desk.h"
 
 #include <QColor>
-#include <QDir>
 #include <QFile>
 
-#include <unistd.h>
+#include <sys/socket.h>
 #include <xcb/composite.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace skipnest::tests {
 namespace {
@@ -29,11 +30,18 @@ public:
     PaintedWindows(const PaintedWindows&) = delete;
     PaintedWindows& operator=(const PaintedWindows&) = delete;
 
-    xcb_window_t open(std::uint32_t colour, std::uint16_t width = 600, std::uint16_t height = 400) {
+    enum class Depth : std::uint8_t { ofScreen = 24, withAlpha = 32 };
+
+    xcb_window_t open(std::uint32_t colour, std::uint16_t width = 600, std::uint16_t height = 400,
+                      Depth depth = Depth::ofScreen) {
         const xcb_window_t window = xcb_generate_id(connection_);
-        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root(), 50, 50, width, height,
-                          0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL,
-                          &colour);
+        const xcb_visualid_t visual = visualOf(depth);
+        const xcb_colormap_t colours = xcb_generate_id(connection_);
+        xcb_create_colormap(connection_, XCB_COLORMAP_ALLOC_NONE, colours, root(), visual);
+        const std::uint32_t values[] = {colour, 0, colours};
+        xcb_create_window(connection_, static_cast<std::uint8_t>(depth), window, root(), 50, 50,
+                          width, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
+                          XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_COLORMAP, values);
         constexpr char name[] = "painted\0Painted";
         xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                             XCB_ATOM_STRING, 8, sizeof name, name);
@@ -42,6 +50,28 @@ public:
         xcb_map_window(connection_, window);
         xcb_flush(connection_);
         return window;
+    }
+    // What the server takes of the machine's memory, in kilobytes.
+    [[nodiscard]] long serverMemory() const {
+        ucred server{};
+        socklen_t size = sizeof server;
+        EXPECT_EQ(getsockopt(xcb_get_file_descriptor(connection_), SOL_SOCKET, SO_PEERCRED, &server,
+                             &size),
+                  0);
+        QFile status(QStringLiteral("/proc/%1/status").arg(server.pid));
+        EXPECT_TRUE(status.open(QIODevice::ReadOnly));
+        const QByteArray text = status.readAll();
+        const auto at = text.indexOf("VmRSS:");
+        return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLong();
+    }
+    // Until this object ends. What it would have to draw nobody looks at.
+    void becomeCompositor(xcb_atom_t selection) {
+        xcb_composite_redirect_subwindows(connection_, root(), XCB_COMPOSITE_REDIRECT_MANUAL);
+        const xcb_window_t owner = xcb_generate_id(connection_);
+        xcb_create_window(connection_, 0, owner, root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                          XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_set_selection_owner(connection_, owner, selection, XCB_CURRENT_TIME);
+        sync();
     }
     void close(xcb_window_t window) {
         xcb_destroy_window(connection_, window);
@@ -70,6 +100,11 @@ public:
             connection_, xcb_get_geometry(connection_, frame(window)), nullptr));
         return geometry->height;
     }
+    [[nodiscard]] bool isViewable(xcb_window_t window) const {
+        const XcbPtr<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+            connection_, xcb_get_window_attributes(connection_, window), nullptr));
+        return attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
     // Whether somebody redirects the root's child that has the window in it.
     [[nodiscard]] bool isRedirected(xcb_window_t window) const {
         const xcb_pixmap_t pixmap = xcb_generate_id(connection_);
@@ -82,6 +117,15 @@ public:
     }
 
 private:
+    [[nodiscard]] xcb_visualid_t visualOf(Depth depth) const {
+        const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
+        for (auto depths = xcb_screen_allowed_depths_iterator(screen); depths.rem > 0;
+             xcb_depth_next(&depths)) {
+            if (depths.data->depth == static_cast<std::uint8_t>(depth))
+                return xcb_depth_visuals(depths.data)->visual_id;
+        }
+        return screen->root_visual;
+    }
     [[nodiscard]] xcb_window_t root() const {
         return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
     }
@@ -101,22 +145,6 @@ private:
     xcb_connection_t* connection_;
 };
 
-// What the X server of this process takes of the memory, in kilobytes.
-long serverMemory() {
-    for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        QFile status(QStringLiteral("/proc/%1/status").arg(entry));
-        if (!status.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray text = status.readAll();
-        if (!text.startsWith("Name:\tXvfb") ||
-            !text.contains("PPid:\t" + QByteArray::number(getpid()) + "\n"))
-            continue;
-        const auto at = text.indexOf("VmRSS:");
-        return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLong();
-    }
-    return 0;
-}
-
 class PreviewsTest : public Desk {
 protected:
     void SetUp() override {
@@ -131,8 +159,9 @@ protected:
         capture.reset();
         Desk::TearDown();
     }
-    xcb_window_t open(std::uint32_t colour) {
-        const xcb_window_t window = painted.open(colour);
+    xcb_window_t open(std::uint32_t colour, std::uint16_t width = 600, std::uint16_t height = 400,
+                      PaintedWindows::Depth depth = PaintedWindows::Depth::ofScreen) {
+        const xcb_window_t window = painted.open(colour, width, height, depth);
         opened.push_back(window);
         // openbox announces a window before it maps it.
         EXPECT_TRUE(waitFor([&] {
@@ -242,6 +271,85 @@ TEST_F(PreviewsTest, AWindowThatClosesHasNoPictureAndADroppedRunTellsNothing) {
     EXPECT_EQ(told, 0);
 }
 
+TEST_F(PreviewsTest, WindowsThatCloseWhileTheirPicturesAreTakenAreAllAnswered) {
+    capture->setEnabled(true);
+    std::vector<CapturableWindow> windows;
+    for (int i = 0; i < 20; ++i)
+        windows.push_back(*listed(open(red)));
+    int told = 0;
+    std::vector<ScreenCaptureRun> runs;
+    for (const CapturableWindow& window : windows)
+        runs.push_back(capture->capture(window, {240, 150}, [&told](const QImage*) { ++told; }));
+    for (const xcb_window_t window : std::exchange(opened, {}))
+        painted.close(window);
+    EXPECT_TRUE(waitFor([&told] { return told == 20; }));
+    // A picture that is still on its way finds previews off.
+    const auto found = listed(open(red));
+    const auto run = capture->capture(*found, {240, 150}, [&told](const QImage*) { ++told; });
+    capture->setEnabled(false);
+    EXPECT_TRUE(waitFor([&told] { return told == 21; }));
+}
+
+TEST_F(PreviewsTest, WindowsOfOddSizesAndDepthsHavePicturesOfTheSizeAskedFor) {
+    using Depth = PaintedWindows::Depth;
+    capture->setEnabled(true);
+    const xcb_window_t tiny = open(red, 1, 1), wide = open(green, 10'000, 30),
+                       clear = open(0x802030f0, 600, 400, Depth::withAlpha);
+    EXPECT_EQ(picture(*listed(tiny), {240, 150}).size(), QSize(240, 150));
+    EXPECT_EQ(picture(*listed(wide), {3500, 150}).size(), QSize(3500, 150));
+    EXPECT_TRUE(waitFor([&] { return shows(clear, blue); }));
+    EXPECT_EQ(qAlpha(picture(*listed(clear), {240, 150}).pixel(120, 90)), 255)
+        << "nobody gives it a meaning";
+}
+
+TEST_F(PreviewsTest, OfManyLargeWindowsAFewAreLiveAndTheOthersWereSeenOnce) {
+    constexpr int many = 24;
+    for (int i = 0; i < many; ++i)
+        opened.push_back(painted.open(i % 2 == 0 ? red : green, 1280, 800));
+    ASSERT_TRUE(waitFor([&] {
+        return std::ranges::all_of(opened, [this](auto one) { return painted.isViewable(one); });
+    }));
+    const long before = painted.serverMemory();
+    capture->setEnabled(true);
+    for (int i = 0; i < many; ++i)
+        EXPECT_TRUE(waitFor([&] {
+            return shows(opened[std::size_t(i)], i % 2 == 0 ? red : green);
+        })) << i;
+    const auto live = [this] {
+        return std::ranges::count_if(opened,
+                                     [this](auto one) { return painted.isRedirected(one); });
+    };
+    EXPECT_TRUE(waitFor([&] { return live() <= 10; }));
+    EXPECT_GE(live(), 8);
+    EXPECT_TRUE(waitFor([&] { return painted.serverMemory() - before < 64'000; }))
+        << painted.serverMemory() - before;
+    // What comes to the top is live again.
+    ASSERT_FALSE(painted.isRedirected(opened[0]));
+    painted.paint(opened[0], blue);
+    ASSERT_TRUE(runTool(QStringLiteral("wmctrl -i -a %1").arg(opened[0]).toLatin1().constData()));
+    EXPECT_TRUE(waitFor([&] { return shows(opened[0], blue); }));
+    EXPECT_LE(live(), 10);
+}
+
+TEST_F(PreviewsTest, BesideACompositorAllAreLiveAndAlphaHasAMeaning) {
+    PaintedWindows compositor;
+    compositor.becomeCompositor(display->atom("_NET_WM_CM_S0"));
+    capture->setEnabled(true);
+    std::vector<xcb_window_t> windows;
+    for (int i = 0; i < 16; ++i)
+        windows.push_back(open(i % 2 == 0 ? red : green, 1280, 800));
+    const xcb_window_t clear =
+        open(0x80000000 | (blue / 2 & 0x7f7f7f), 600, 400, PaintedWindows::Depth::withAlpha);
+    for (int i = 0; i < 16; ++i) {
+        painted.paint(windows[std::size_t(i)], grey);
+        EXPECT_TRUE(waitFor([&] { return shows(windows[std::size_t(i)], grey); })) << i;
+    }
+    const int alpha = qAlpha(picture(*listed(clear), {240, 150}).pixel(120, 90));
+    EXPECT_TRUE(alpha == 0x80 || alpha == 255) << "a frame without alpha is opaque: " << alpha;
+    capture->setEnabled(false);
+    EXPECT_TRUE(painted.isRedirected(windows[0])) << "still the compositor's";
+}
+
 TEST_F(PreviewsTest, NothingIsRedirectedWhileItIsOff) {
     const xcb_window_t window = painted.open(red);
     opened.push_back(window);
@@ -278,12 +386,12 @@ TEST_F(PreviewsTest, AThousandWindowsThatCameAndWentLeaveNothingInTheServer) {
         }));
     };
     comeAndGo(20);
-    const long before = serverMemory();
+    const long before = painted.serverMemory();
     ASSERT_GT(before, 0);
     for (int round = 0; round < 50; ++round)
         comeAndGo(20);
     // Their pixmaps alone would be 230 MB.
-    EXPECT_LT(serverMemory() - before, 40'000);
+    EXPECT_LT(painted.serverMemory() - before, 40'000);
 }
 
 TEST_F(PreviewsTest, TwentyAskedForAtOnceAreAllAnswered) {

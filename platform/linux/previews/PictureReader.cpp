@@ -32,33 +32,34 @@ PictureReader::~PictureReader() {
     unshare();
 }
 
-QImage::Format PictureReader::format(std::uint8_t depth) const {
+QImage::Format PictureReader::format(std::uint8_t depth, Alpha alpha) const {
     for (auto formats = xcb_setup_pixmap_formats_iterator(xcb_get_setup(connection_.get()));
          formats.rem > 0; xcb_format_next(&formats)) {
         if (formats.data->depth != depth)
             continue;
         if (formats.data->bits_per_pixel == 32 && (depth == 24 || depth == 32))
-            return QImage::Format_RGB32;
+            return depth == 32 && alpha == Alpha::respected ? QImage::Format_ARGB32_Premultiplied
+                                                            : QImage::Format_RGB32;
         if (formats.data->bits_per_pixel == 16 && depth == 16)
             return QImage::Format_RGB16;
     }
     return QImage::Format_Invalid;
 }
 
-QImage PictureReader::read(xcb_pixmap_t pixmap, const QSize& size, Shape shape) {
+QImage PictureReader::read(xcb_pixmap_t pixmap, const QSize& size, Shape shape, Alpha alpha) {
     xcb_connection_t* connection = connection_.get();
     const XcbPtr<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(connection, xcb_get_geometry(connection, pixmap), nullptr));
     if (!geometry)
         return {};
-    const QImage::Format pixels = format(geometry->depth);
+    const QImage::Format pixels = format(geometry->depth, alpha);
     if (pixels == QImage::Format_Invalid)
         return {};
     const int width = geometry->width;
     const int height = geometry->height;
     constexpr std::size_t scanlinePad = 4;
     const std::size_t stride =
-        (std::size_t{geometry->width} * (pixels == QImage::Format_RGB32 ? 4 : 2) + scanlinePad -
+        (std::size_t{geometry->width} * (pixels == QImage::Format_RGB16 ? 2 : 4) + scanlinePad -
          1) /
         scanlinePad * scanlinePad;
     const std::size_t bytes = stride * geometry->height;
@@ -98,7 +99,8 @@ QImage PictureReader::scaled(const QImage& picture, const QSize& size, Shape sha
     return (picture.size() == wanted
                 ? picture.copy()
                 : picture.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
-        .convertToFormat(QImage::Format_RGB32);
+        .convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                   : QImage::Format_RGB32);
 }
 
 bool PictureReader::share(std::size_t bytes) {

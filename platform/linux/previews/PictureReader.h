@@ -19,15 +19,19 @@ public:
         fitting, // in the pixmap's proportions, no larger than the size and never enlarged
     };
 
+    enum class Alpha {
+        ignored,   // without a compositor nobody gives it a meaning
+        respected, // of windows that have it
+    };
+
     // Null where the server takes no further connection.
     [[nodiscard]] static std::unique_ptr<PictureReader> open();
     ~PictureReader();
     PictureReader(const PictureReader&) = delete;
     PictureReader& operator=(const PictureReader&) = delete;
 
-    // Null where the pixmap is none, or of a kind that is not understood. A window's alpha is left
-    // out: without a compositor nobody gives it a meaning.
-    [[nodiscard]] QImage read(xcb_pixmap_t pixmap, const QSize& size, Shape shape);
+    // Null where the pixmap is none, or of a kind that is not understood.
+    [[nodiscard]] QImage read(xcb_pixmap_t pixmap, const QSize& size, Shape shape, Alpha alpha);
     [[nodiscard]] static QImage scaled(const QImage& picture, const QSize& size, Shape shape);
 
 private:
@@ -37,7 +41,7 @@ private:
     using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
     explicit PictureReader(Connection connection);
-    [[nodiscard]] QImage::Format format(std::uint8_t depth) const;
+    [[nodiscard]] QImage::Format format(std::uint8_t depth, Alpha alpha) const;
     [[nodiscard]] bool share(std::size_t bytes);
     void unshare();
 

@@ -4,7 +4,7 @@
 #include <xcb/composite.h>
 
 #include <algorithm>
-#include <unordered_set>
+#include <string_view>
 #include <utility>
 
 namespace skipnest::linuxdesktop {
@@ -39,14 +39,23 @@ std::unique_ptr<RedirectedWindows> RedirectedWindows::open(platform::Scheduler& 
         connection.get(), xcb_composite_query_version(connection.get(), 0, 4), nullptr));
     if (!version || (version->major_version == 0 && version->minor_version < 2))
         return nullptr;
+    constexpr std::string_view selection = "_NET_WM_CM_S0";
+    const XcbPtr<xcb_intern_atom_reply_t> compositor(xcb_intern_atom_reply(
+        connection.get(),
+        xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(selection.size()),
+                        selection.data()),
+        nullptr));
+    if (!compositor)
+        return nullptr;
     return std::unique_ptr<RedirectedWindows>(
-        new RedirectedWindows(connection, scheduler, std::move(events)));
+        new RedirectedWindows(connection, compositor->atom, scheduler, std::move(events)));
 }
 
-RedirectedWindows::RedirectedWindows(Connection connection, platform::Scheduler& scheduler,
-                                     Events events)
+RedirectedWindows::RedirectedWindows(Connection connection, xcb_atom_t compositor,
+                                     platform::Scheduler& scheduler, Events events)
     : connection_(std::move(connection)), scheduler_(scheduler), events_(std::move(events)),
       root_(xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root),
+      compositor_(compositor),
       notifier_(xcb_get_file_descriptor(connection_.get()), QSocketNotifier::Read) {
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { drain(); });
 }
@@ -88,8 +97,32 @@ void RedirectedWindows::leave(xcb_window_t client, const Window& window) {
     constexpr std::uint32_t nothing = XCB_EVENT_MASK_NO_EVENT;
     for (const xcb_window_t left : {client, window.frame})
         xcb_change_window_attributes(connection_.get(), left, XCB_CW_EVENT_MASK, &nothing);
-    xcb_composite_unredirect_window(connection_.get(), window.frame,
-                                    XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    if (window.live)
+        xcb_composite_unredirect_window(connection_.get(), window.frame,
+                                        XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+}
+
+void RedirectedWindows::setLive(const std::unordered_set<xcb_window_t>& clients) {
+    for (auto& [client, window] : windows_) {
+        const bool live = clients.contains(client);
+        if (live == window.live)
+            continue;
+        window.live = live;
+        if (live)
+            xcb_composite_redirect_window(connection_.get(), window.frame,
+                                          XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+        else
+            xcb_composite_unredirect_window(connection_.get(), window.frame,
+                                            XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+        update(client, window);
+    }
+    xcb_flush(connection_.get());
+}
+
+bool RedirectedWindows::hasCompositor() const {
+    const XcbPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        connection_.get(), xcb_get_selection_owner(connection_.get(), compositor_), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 xcb_window_t RedirectedWindows::frameOf(xcb_window_t client) const {
@@ -113,7 +146,6 @@ void RedirectedWindows::add(xcb_window_t client) {
     constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     for (const xcb_window_t followed : {client, frame})
         xcb_change_window_attributes(connection, followed, XCB_CW_EVENT_MASK, &events);
-    xcb_composite_redirect_window(connection, frame, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     // Asked after selecting: a change in between is in both.
     const auto clientCookie = xcb_get_geometry(connection, client);
     const auto frameCookie = xcb_get_geometry(connection, frame);
@@ -140,8 +172,8 @@ void RedirectedWindows::update(xcb_window_t client, Window& window) {
     const bool resized = fits && window.geometry.size() != window.frameSize;
     if (fits)
         window.geometry.setSize(window.frameSize);
-    const bool wasWhole = std::exchange(window.whole, fits && window.viewable);
-    // A new size is a new pixmap, and so is being mapped.
+    const bool wasWhole = std::exchange(window.whole, fits && window.viewable && window.live);
+    // A new size is a new pixmap, and so are being mapped and being live.
     if (window.whole && (resized || !wasWhole)) {
         const xcb_pixmap_t id = xcb_generate_id(connection_.get());
         xcb_composite_name_window_pixmap(connection_.get(), window.frame, id);
@@ -180,6 +212,8 @@ void RedirectedWindows::handle(const xcb_generic_event_t& event) {
             break;
         window.viewable = type == XCB_MAP_NOTIFY;
         update(client, window);
+        if (window.viewable && !window.live)
+            events_.changed();
         break;
     case XCB_CONFIGURE_NOTIFY:
         if (sent)
@@ -190,7 +224,7 @@ void RedirectedWindows::handle(const xcb_generic_event_t& event) {
     default:
         leave(client, window);
         windows_.erase(client);
-        events_.reparented();
+        events_.changed();
         break;
     }
 }

@@ -10,16 +10,18 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace skipnest::linuxdesktop {
 
-// Windows whose contents the server keeps as a whole, covered parts included, by Composite's
-// automatic redirection. Beside a compositor, which redirects for itself, that changes nothing.
+// Windows of which some are kept live: the server keeps their contents as a whole, covered parts
+// included, by Composite's automatic redirection. That is memory for all their pixels, but not
+// beside a compositor, which has them redirected itself.
 //
 // The root's child is what is redirected: a window manager's frame with the window in it. Its
-// pixmap is named as soon as it is mapped, because that is the last picture that there will be once
-// it is unmapped, as windows that are minimised or on another desktop are.
+// pixmap is named at once, because that is the last picture that there will be once it is unmapped,
+// as windows that are minimised or on another desktop are, or is live no more.
 //
 // On a connection of its own: closing it ends all redirections and frees all pixmaps, and what is
 // asked of a window that has just gone is refused without a line in Qt's log.
@@ -32,8 +34,9 @@ public:
         // Of the frame with the whole client in it, in the server's pixels.
         QRect geometry;
         bool viewable = false; // the frame is
-        // The whole client is to be seen in the frame. Not so in one that is rolled up to its
-        // title bar, or that shrinks as it is minimised: openbox does that for 160 ms.
+        bool live = false;
+        // Live and viewable, with the whole client in the frame. Not so in one that is rolled up
+        // to its title bar, or that shrinks as it is minimised: openbox does that for 160 ms.
         bool whole = false;
         std::shared_ptr<const Pixmap> pixmap; // as it was when last whole; none before
 
@@ -43,8 +46,8 @@ public:
     struct Events {
         // The pixmap is the last picture of the window until it is whole again.
         std::function<void(xcb_window_t)> hidden;
-        // Its frame is another one or gone: follow() has to be told the windows again.
-        std::function<void()> reparented;
+        // A frame is another one, gone or viewable: follow() and setLive() have to be told again.
+        std::function<void()> changed;
     };
 
     // Null where the server has no Composite extension or takes no further connection.
@@ -54,6 +57,9 @@ public:
 
     // These are the windows, named by the clients' own; others are left alone from now on.
     void follow(const std::vector<xcb_window_t>& clients);
+    // Of those that are followed, these and no others are live.
+    void setLive(const std::unordered_set<xcb_window_t>& clients);
+    [[nodiscard]] bool hasCompositor() const;
     // Null for a window that is not followed.
     [[nodiscard]] const Window* find(xcb_window_t client) const;
     // A picture of the window has been kept elsewhere.
@@ -65,7 +71,8 @@ private:
     };
     using Connection = std::shared_ptr<xcb_connection_t>;
 
-    RedirectedWindows(Connection connection, platform::Scheduler& scheduler, Events events);
+    RedirectedWindows(Connection connection, xcb_atom_t compositor, platform::Scheduler& scheduler,
+                      Events events);
     void drain();
     void drainSoon();
     void handle(const xcb_generic_event_t& event);
@@ -83,6 +90,7 @@ private:
     platform::Scheduler& scheduler_;
     const Events events_;
     const xcb_window_t root_;
+    const xcb_atom_t compositor_;                      // the selection that one owns
     std::unordered_map<xcb_window_t, Window> windows_; // by client
     QSocketNotifier notifier_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

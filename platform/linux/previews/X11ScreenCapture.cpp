@@ -19,9 +19,10 @@ using platform::CapturableWindow;
 using platform::Failure;
 using platform::ScreenCaptureRun;
 
-// Somewhat more than a third of a common screen, which is what previews are shown at: 1.1 MB.
-constexpr QSize largestKept(672, 420);
-// Some 57 of those. Beyond that the oldest go.
+// What previews are shown at: about a third of the window, of a common screen at most, 1.1 MB.
+constexpr double keptScale = 0.35;
+constexpr QSize smallestKept(240, 150), largestKept(672, 420);
+// Some 57 of the largest. Beyond that the oldest go.
 constexpr qsizetype keptBytes = qsizetype{64} << 20;
 
 QRectF inScreens(const QRect& native) {
@@ -70,22 +71,19 @@ void X11ScreenCapture::setEnabled(bool enabled) {
     if (enabled == (redirected_ != nullptr))
         return;
     if (enabled) {
-        redirected_ = RedirectedWindows::open(
-            scheduler_, {[this](xcb_window_t client) { keepLater(client); },
-                         [this] {
-                             scheduler_.post([this, alive = std::weak_ptr(alive_)] {
-                                 if (!alive.expired())
-                                     follow();
-                             });
-                         }});
+        redirected_ =
+            RedirectedWindows::open(scheduler_, {[this](xcb_window_t client) { keepLater(client); },
+                                                 [this] { followSoon(); }});
         if (!redirected_)
             return;
+        live_.emplace(*redirected_, windows_, scheduler_);
         windowChanges_ = windows_.observeChanges([this] { follow(); });
         windows_.settle();
         follow();
         return;
     }
     windowChanges_.reset();
+    live_.reset();
     kept_.clear();
     redirected_.reset();
     // What the worker has under way finds its pixmap gone.
@@ -93,10 +91,17 @@ void X11ScreenCapture::setEnabled(bool enabled) {
         job.pixmap.reset();
 }
 
+void X11ScreenCapture::followSoon() {
+    scheduler_.post([this, alive = std::weak_ptr(alive_)] {
+        if (!alive.expired())
+            follow();
+    });
+}
+
 void X11ScreenCapture::follow() {
     if (!redirected_)
         return;
-    redirected_->follow(windows_.stacking());
+    live_->choose();
     std::erase_if(kept_, [this](const auto& entry) {
         const auto* window = redirected_->find(entry.first);
         return window == nullptr || window->whole;
@@ -162,6 +167,7 @@ ScreenCaptureRun X11ScreenCapture::capture(const CapturableWindow& window, const
     Job job;
     job.client = window.identifier.toUInt(nullptr, 16);
     job.size = size;
+    job.alpha = alpha();
     job.captured = std::move(captured);
     if (const auto* found = redirected_ ? redirected_->find(job.client) : nullptr)
         job.pixmap = found->pixmap;
@@ -174,12 +180,20 @@ ScreenCaptureRun X11ScreenCapture::capture(const CapturableWindow& window, const
     });
 }
 
+PictureReader::Alpha X11ScreenCapture::alpha() const {
+    return live_ && live_->hasCompositor() ? PictureReader::Alpha::respected
+                                           : PictureReader::Alpha::ignored;
+}
+
 void X11ScreenCapture::keepLater(xcb_window_t client) {
+    const auto* window = redirected_->find(client);
     Job job;
     job.client = client;
-    job.pixmap = redirected_->find(client)->pixmap;
-    job.size = largestKept;
+    job.pixmap = window->pixmap;
+    job.size =
+        (window->geometry.size() * keptScale).expandedTo(smallestKept).boundedTo(largestKept);
     job.shape = PictureReader::Shape::fitting;
+    job.alpha = alpha();
     if (job.pixmap)
         (void)add(std::move(job));
 }
@@ -219,7 +233,7 @@ void X11ScreenCapture::work() {
         requests.push_back(
             {job->first,
              job->second.pixmap ? job->second.pixmap->id() : xcb_pixmap_t{XCB_PIXMAP_NONE},
-             job->second.kept, job->second.size, job->second.shape});
+             job->second.kept, job->second.size, job->second.shape, job->second.alpha});
     if (requests.empty())
         return;
     lastSent_ = requests.back().number;
@@ -234,7 +248,8 @@ void X11ScreenCapture::work() {
                     if (!reader)
                         reader = PictureReader::open();
                     if (reader)
-                        picture = reader->read(request.pixmap, request.size, request.shape);
+                        picture = reader->read(request.pixmap, request.size, request.shape,
+                                               request.alpha);
                 } else if (!request.kept.isNull()) {
                     picture = PictureReader::scaled(request.kept, request.size, request.shape);
                 }

@@ -4,17 +4,18 @@
 #include "platform/Executor.h"
 #include "platform/ScreenCapture.h"
 #include "platform/linux/X11Applications.h"
+#include "platform/linux/previews/LiveWindows.h"
 #include "platform/linux/previews/PictureReader.h"
 #include "platform/linux/previews/RedirectedWindows.h"
 
 #include <map>
+#include <optional>
 
 namespace skipnest::linuxdesktop {
 
-// Pictures of windows with their frames. A window that shows is read from what the server keeps of
-// it; of one that has been hidden a small picture is kept here, taken as it went, because its full
-// one would cost the server as much as a window that shows. Reading and scaling is done by a
-// worker.
+// Pictures of windows with their frames. A live window is read from what the server keeps of it; of
+// the others a small picture is kept here, taken as they ceased to be live, because a full one
+// would cost the server as much as a live window. Reading and scaling is done by a worker.
 //
 // Off until setEnabled(true).
 class X11ScreenCapture final : public platform::ScreenCapture {
@@ -41,6 +42,7 @@ private:
         QImage kept; // in place of a pixmap
         QSize size;
         PictureReader::Shape shape = PictureReader::Shape::exact;
+        PictureReader::Alpha alpha = PictureReader::Alpha::ignored;
         Captured captured; // empty where the picture is to be kept
     };
     // What the worker has of a job: nothing that frees anything.
@@ -50,6 +52,7 @@ private:
         QImage kept;
         QSize size;
         PictureReader::Shape shape = PictureReader::Shape::exact;
+        PictureReader::Alpha alpha = PictureReader::Alpha::ignored;
     };
     struct Kept {
         QImage picture;
@@ -57,6 +60,8 @@ private:
     };
 
     void follow();
+    void followSoon();
+    [[nodiscard]] PictureReader::Alpha alpha() const;
     void keepLater(xcb_window_t client);
     void keep(xcb_window_t client, const QImage& picture);
     [[nodiscard]] JobNumber add(Job job);
@@ -69,7 +74,9 @@ private:
     platform::Executor& executor_;
     X11Windows& windows_;
     X11Applications& applications_;
-    std::unique_ptr<RedirectedWindows> redirected_; // while enabled
+    // While enabled.
+    std::unique_ptr<RedirectedWindows> redirected_;
+    std::optional<LiveWindows> live_;
     platform::Observation windowChanges_;
     std::map<JobNumber, Job> jobs_; // those that the worker has and those that wait
     JobNumber lastJob_ = 0;
