@@ -14,14 +14,14 @@ namespace skipnest::voice {
 struct JumpTarget {
     enum class Kind : std::uint8_t { app, file, folder, tab, window };
 
-    QString title;    // what people say
-    QString subtitle; // shown beside it and searched too: "Folder", a path, an application
+    QString title = {};    // what people say
+    QString subtitle = {}; // shown beside it and searched too: "Folder", a path, an application
     Kind kind = Kind::app;
-    QString owner; // the application of a tab or window, else empty
-    std::optional<QUrl> url;
+    QString owner = {}; // the application of a tab or window, else empty
+    std::optional<QUrl> url = {};
     bool hot = false;     // one of the configured shortcuts
     bool current = false; // what is in front right now
-    std::function<void()> commit;
+    std::function<void()> commit = {};
 };
 
 } // namespace skipnest::voice

@@ -74,16 +74,14 @@ struct TargetScorer::WholePhrase {
     std::u32string sound = phoneticKey(text);
     EditDistance distances = EditDistance(text);
 
-    [[nodiscard]] bool names(const Target& target) const {
-        if (target.title == text)
-            return true;
+    [[nodiscard]] bool names(const Name& name) const {
         static_assert(soundSimilarity >= wholeTitleSimilarity);
-        const std::size_t shorter = std::min(text.size(), target.title.size());
-        if (shorter >= shortestTellingWord && !sound.empty() && sound == target.sound)
+        const auto [shorter, longer] = std::minmax({text.size(), name.title.size()});
+        if (shorter >= shortestTellingWord && !sound.empty() && sound == name.sound)
             return true;
-        const std::size_t most =
-            mostDistance(wholeTitleSimilarity, std::max(text.size(), target.title.size()));
-        return distances.to(target.title, most) <= most;
+        // Equal ones too: their distance is none.
+        const std::size_t most = mostDistance(wholeTitleSimilarity, longer);
+        return distances.to(name.title, most) <= most;
     }
 };
 
@@ -95,6 +93,7 @@ TargetScorer::TargetScorer(const std::vector<JumpTarget>& targets) {
     };
     std::vector<Entry> found;
     targets_.reserve(targets.size());
+    nextOfSameTitle_.resize(targets.size());
     byTitle_.reserve(static_cast<qsizetype>(targets.size()));
     for (const JumpTarget& target : targets) {
         const auto index = static_cast<std::uint32_t>(targets_.size());
@@ -117,15 +116,15 @@ TargetScorer::TargetScorer(const std::vector<JumpTarget>& targets) {
         kept.lengthPenalty =
             -penaltyPerCharacter * static_cast<double>(characterCount(target.title));
         if (target.kind == Kind::app) {
-            kept.sound = phoneticKey(title);
-            kept.title = title;
+            kept.name = static_cast<std::uint32_t>(names_.size());
+            names_.push_back({title, phoneticKey(title)});
         }
         const auto known = byTitle_.constFind(target.title.toLower());
         if (known == byTitle_.constEnd()) {
             byTitle_.insert(target.title.toLower(), index);
         } else {
-            kept.nextOfSameTitle = targets_[*known].nextOfSameTitle;
-            targets_[*known].nextOfSameTitle = index;
+            nextOfSameTitle_[index] = nextOfSameTitle_[*known];
+            nextOfSameTitle_[*known] = index;
         }
     }
 
@@ -209,7 +208,8 @@ double TargetScorer::wordScore(const Target& target, const Tally& tally, std::si
     return score;
 }
 
-double TargetScorer::total(const Target& target, const Tally& tally, const WholePhrase& phrase) {
+double TargetScorer::total(const Target& target, const Tally& tally,
+                           const WholePhrase& phrase) const {
     const double coverage =
         static_cast<double>(tally.matched) / static_cast<double>(phrase.words) * coverageWeight;
     const double usage =
@@ -219,7 +219,8 @@ double TargetScorer::total(const Target& target, const Tally& tally, const Whole
     const double hot = target.hot ? hotBonus : 0.0;
     double application = 0;
     if (target.kind == Kind::app)
-        application = applicationBonus + (phrase.names(target) ? wholeTitleBonus : 0.0);
+        application =
+            applicationBonus + (phrase.names(names_[target.name]) ? wholeTitleBonus : 0.0);
     return tally.sum + coverage + usage + hot + application + target.lengthPenalty;
 }
 
@@ -236,7 +237,7 @@ std::vector<ScoredTarget> TargetScorer::score(const QString& phrase, const UseCo
         std::uint32_t index = *known;
         do {
             tallies[index].uses = use.value();
-            index = targets_[index].nextOfSameTitle;
+            index = nextOfSameTitle_[index];
         } while (index != 0);
     }
 
@@ -255,16 +256,7 @@ std::vector<ScoredTarget> TargetScorer::score(const QString& phrase, const UseCo
         if (tallies[index].matched > 0)
             ranked.push_back({index, total(targets_[index], tallies[index], whole)});
     }
-    const auto isBetter = [](const ScoredTarget& a, const ScoredTarget& b) {
-        return a.score != b.score ? a.score > b.score : a.target < b.target;
-    };
-    if (limit < ranked.size()) {
-        const auto end = ranked.begin() + static_cast<std::ptrdiff_t>(limit);
-        std::ranges::partial_sort(ranked, end, isBetter);
-        ranked.erase(end, ranked.end());
-    } else {
-        std::ranges::sort(ranked, isBetter);
-    }
+    keepBest(ranked, limit);
     return ranked;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "voice/JumpTarget.h"
+#include "voice/ScoredTarget.h"
 #include "voice/WordTable.h"
 
 #include <QHash>
@@ -17,13 +18,6 @@ namespace skipnest::voice {
 
 // How often a target was jumped to by voice, by its lower-cased title.
 using UseCounts = QHash<QString, std::int64_t>;
-
-struct ScoredTarget {
-    std::size_t target = 0; // its place among the targets
-    double score = 0;
-
-    bool operator==(const ScoredTarget&) const = default;
-};
 
 // Ranks targets by how well a phrase names them. Made once from many targets, it asks each spoken
 // word once of each different word and then looks only at the targets that have a word in common
@@ -53,13 +47,16 @@ public:
     [[nodiscard]] static std::vector<std::u32string> phraseWords(const QString& phrase);
 
 private:
+    // Small, as all of them are passed for a phrase of one letter.
     struct Target {
-        std::u32string title; // these two of applications only
-        std::u32string sound;
         double lengthPenalty = 0;
+        std::uint32_t name = 0; // in names_, of applications only
         JumpTarget::Kind kind = JumpTarget::Kind::app;
         bool hot = false;
-        std::uint32_t nextOfSameTitle = 0; // 0: none
+    };
+    struct Name {
+        std::u32string title;
+        std::u32string sound;
     };
     struct Tally;
     struct WholePhrase;
@@ -68,15 +65,17 @@ private:
                std::vector<Tally>& tallies) const;
     [[nodiscard]] static double wordScore(const Target& target, const Tally& tally,
                                           std::size_t wordLength);
-    [[nodiscard]] static double total(const Target& target, const Tally& tally,
-                                      const WholePhrase& phrase);
+    [[nodiscard]] double total(const Target& target, const Tally& tally,
+                               const WholePhrase& phrase) const;
 
     std::vector<Target> targets_;
+    std::vector<Name> names_;
     WordTable words_;
     // Where each word stands: its entries are those from starts_[word] to starts_[word + 1].
     std::vector<std::uint32_t> starts_;
     std::vector<std::uint32_t> entries_;
-    QHash<QString, std::uint32_t> byTitle_; // the first target of each lower-cased title
+    QHash<QString, std::uint32_t> byTitle_;      // the first target of each lower-cased title
+    std::vector<std::uint32_t> nextOfSameTitle_; // by target; 0: none
 };
 
 // For a handful of targets, as in a list of choices.
