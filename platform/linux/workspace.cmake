@@ -5,6 +5,8 @@ list(APPEND LINUX_SOURCES
     DesktopEntries.cpp
     DesktopEntryIndex.cpp
     FolderWatch.cpp
+    LinuxHomeFolders.cpp
+    LinuxInstalledApplications.cpp
     ProcessFacts.cpp
     X11ApplicationControl.cpp
     X11Applications.cpp
