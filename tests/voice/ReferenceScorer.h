@@ -99,10 +99,10 @@ private:
             return 2.5;
 
         double score = 0;
-        const auto hasSameStem = [this, &w](std::u32string_view word) {
-            const auto a = stems_.of(w);
-            const auto b = stems_.of(word);
-            return word.size() > 2 && (a[0] == b[0] || a[1] == b[1]);
+        const auto stems = stems_.of(w);
+        const auto hasSameStem = [this, &stems](std::u32string_view word) {
+            const auto others = stems_.of(word);
+            return word.size() > 2 && (stems[0] == others[0] || stems[1] == others[1]);
         };
         if (w.size() >= 3 && std::ranges::any_of(titleWords, hasSameStem))
             score = isApp ? ew : 3.0;
@@ -122,9 +122,10 @@ private:
         const std::size_t longer = std::max<std::size_t>({a.size(), b.size(), 1});
         const double alike =
             1.0 - static_cast<double>(editDistance(a, b)) / static_cast<double>(longer);
+        if (a.size() < 3 || b.size() < 3)
+            return alike;
         const std::u32string sound = phoneticKey(a);
-        const bool soundsTheSame =
-            a.size() >= 3 && b.size() >= 3 && !sound.empty() && sound == phoneticKey(b);
+        const bool soundsTheSame = !sound.empty() && sound == phoneticKey(b);
         return soundsTheSame ? std::max(alike, 0.85) : alike;
     }
 
