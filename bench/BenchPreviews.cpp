@@ -138,6 +138,8 @@ private:
             int descriptors;
         };
         const auto figures = [this] {
+            // The worker closes its connection after the last picture.
+            (void)spin([] { return false; }, 200ms);
             return Figures{memory(getpid(), "Rss"), memory(serverProcess(), "Rss"),
                            openDescriptors(getpid())};
         };
