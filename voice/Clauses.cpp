@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/Clauses.h"
 
+#include "voice/WordList.h"
+
 #include <utility>
 
 namespace skipnest::voice {
@@ -143,11 +145,7 @@ bool isGoogleProduct(const QString& word) {
     static constexpr QStringView products[] = {
         u"chrome",   u"maps", u"docs",   u"drive", u"sheets", u"slides", u"calendar",
         u"kalender", u"meet", u"photos", u"fotos", u"keep",   u"earth",  u"mail"};
-    for (const QStringView product : products) {
-        if (product == word)
-            return true;
-    }
-    return false;
+    return isOneOf(products, word);
 }
 
 bool isNamed(const std::vector<SpokenWord>& words, std::size_t trigger) {

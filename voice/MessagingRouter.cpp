@@ -4,6 +4,7 @@
 #include "voice/AppMentions.h"
 #include "voice/PhraseParts.h"
 #include "voice/VoiceFillers.h"
+#include "voice/WordList.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,10 +15,6 @@ namespace {
 using App = MessagingRouter::App;
 using Route = MessagingRouter::Route;
 using Verb = VoiceCommand::Verb;
-
-template <std::size_t size> bool isOneOf(const QStringView (&list)[size], const QString& word) {
-    return std::ranges::find(list, QStringView(word)) != std::end(list);
-}
 
 // "an" is an article and, in German, a preposition: it stands here for both.
 constexpr QStringView contactFillers[] = {
@@ -44,6 +41,9 @@ constexpr QStringView thingWords[] = {
 constexpr QStringView recipients[] = {u"ihr", u"ihm", u"ihnen", u"him", u"her", u"them"};
 constexpr QStringView spokenTriggers[] = {u"write",   u"text",     u"texte", u"texten",
                                           u"schreib", u"schreibe", u"tippe", u"sag"};
+
+// In words; what is longer was a sentence.
+constexpr std::size_t longestName = 5;
 
 bool isContactFiller(const QString& word) {
     return isOneOf(contactFillers, word);
@@ -161,12 +161,15 @@ private:
     QString contactIn(std::size_t first, std::size_t end, const AppMention& app) const {
         QString contact;
         std::size_t last = 0;
+        std::size_t count = 0;
         for (std::size_t at = first; at < end; ++at) {
             if (isNoContactWord(words_[at]) || appAt_[at] == app.app)
                 continue;
             const Clause* clause = clauseAt(at);
             if (isWindowClause(clause) || isElsewhere(clause))
                 continue;
+            if (++count > longestName)
+                return {};
             if (!contact.isEmpty())
                 contact += gap(last, at);
             contact += phrase_.mid(words_[at].begin, words_[at].end - words_[at].begin);

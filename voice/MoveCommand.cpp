@@ -3,6 +3,7 @@
 
 #include "voice/Clauses.h"
 #include "voice/VoiceFillers.h"
+#include "voice/WordList.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,10 +12,6 @@ namespace skipnest::voice {
 namespace {
 
 using Verb = VoiceCommand::Verb;
-
-template <std::size_t size> bool isOneOf(const QStringView (&list)[size], const QString& word) {
-    return std::ranges::find(list, QStringView(word)) != std::end(list);
-}
 
 // Words before the name of a file or folder.
 constexpr QStringView articles[] = {

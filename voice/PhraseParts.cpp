@@ -3,6 +3,7 @@
 
 #include "voice/SearchQuery.h"
 #include "voice/VoiceFillers.h"
+#include "voice/WordList.h"
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ bool isWindowWord(const QString& word) {
         u"front",     u"everything", u"alles",   u"dieses",  u"diese",       u"dieser",
         u"diesen",    u"dies",
     };
-    return std::ranges::find(list, QStringView(word)) != std::end(list);
+    return isOneOf(list, word);
 }
 
 bool isFileName(const QString& word) {
@@ -164,11 +165,11 @@ private:
             const bool isFirst = parts_.parsed.steps.empty();
             if (isFirst && isWindowOnly(parts_.parsed.target)) // "fenster schließen"
                 parts_.parsed.target.clear();
-            const bool isNamed = std::ranges::any_of(words, [](const QString& word) {
-                return !isWindowWord(word) && !isVoiceFiller(word);
-            });
-            if (isFirst && isNamed && parts_.parsed.target.isEmpty())
-                parts_.parsed.target = words.join(u' ');
+            if (isFirst && parts_.parsed.target.isEmpty() && !isWindowOnly(words.join(u' '))) {
+                QStringList named = words;
+                named.removeIf(isWindowWord);
+                parts_.parsed.target = named.join(u' ');
+            }
         }
         add(VoiceCommand::Window{verb});
     }

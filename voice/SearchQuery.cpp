@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/SearchQuery.h"
-
-#include <algorithm>
-#include <iterator>
+#include "voice/WordList.h"
 
 namespace skipnest::voice {
 namespace {
-
-template <std::size_t size> bool isOneOf(const QStringView (&list)[size], const QString& word) {
-    return std::ranges::find(list, QStringView(word)) != std::end(list);
-}
 
 // Before the site at the end of a search.
 constexpr QStringView places[] = {u"on", u"auf", u"in", u"bei", u"at", u"using", u"über", u"via"};
@@ -18,6 +12,8 @@ constexpr QStringView leads[] = {u"for",  u"nach", u"up",     u"auf",   u"on",  
                                  u"me",   u"the",  u"a",      u"an",    u"der",    u"die",
                                  u"das",  u"den",  u"einen",  u"bitte", u"please", u"mal",
                                  u"doch", u"noch", u"einfach"};
+// "search the web for cats" asks for no site.
+constexpr QStringView everywhere[] = {u"web", u"internet", u"netz"};
 constexpr QStringView ends[] = {u"please", u"bitte", u"mal", u"now", u"jetzt"};
 
 std::optional<VoiceCommand::Site> searchableSite(const SpokenWord& word) {
@@ -54,8 +50,16 @@ SearchQuery SearchQuery::read(const std::vector<SpokenWord>& words, const Clause
                 kept.append(words[at].text);
         }
     } else {
-        while (first < end && isOneOf(leads, words[first].text))
+        const auto skipLeads = [&] {
+            while (first < end && isOneOf(leads, words[first].text))
+                ++first;
+        };
+        skipLeads();
+        if (first + 2 < end && isOneOf(everywhere, words[first].text) &&
+            (words[first + 1].text == u"for" || words[first + 1].text == u"nach")) {
             ++first;
+            skipLeads();
+        }
         while (end > first && isOneOf(ends, words[end - 1].text))
             --end;
         for (std::size_t at = first; at < end; ++at)

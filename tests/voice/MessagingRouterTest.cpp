@@ -34,6 +34,8 @@ TEST(MessagingRouterTest, routesOnlyWhatIsForAPerson) {
         {"write see you on slack", "none"},
         {"schreibe Wir sehen uns in Teams", "none"},
         {"open the slackware page", "none"},
+        {"whatsapp is what my sister and I use most", "none"},
+        {"move the file from teams to documents", "none"},
         // The row of the target, then the first of the table; a trigger word last.
         {"slack go to whatsapp team", "Slack: whatsapp team: -"},
         {"open notes and slack anna and telegram", "Slack: anna telegram: -"},
