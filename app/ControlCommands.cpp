@@ -4,7 +4,9 @@
 #include "app/HotkeyListing.h"
 #include "app/ShortcutVerbs.h"
 #include "app/TransferVerbs.h"
+#include "platform/Accessibility.h"
 #include "platform/PanelHost.h"
+#include "platform/Workspace.h"
 
 #include <QStringBuilder>
 
@@ -76,6 +78,8 @@ void ControlCommands::handle(const QJsonObject& request, const ControlSocket::Re
             importVerb(agent_.transfer(), agent_.viewModel(), agent_.ports().files, request));
     if (verb == u"popover")
         return reply(popover(request));
+    if (verb == u"switcher")
+        return reply(switcher(request));
     if (verb == u"list")
         return reply(ControlReply::success(listVerb(agent_.viewModel())));
     if (verb == u"restore")
@@ -143,6 +147,40 @@ ControlReply ControlCommands::popover(const QJsonObject& request) {
         {QStringLiteral("shown"), isShown},
         {QStringLiteral("screen"), screenName(agent_.shell().route().screen)},
     });
+}
+
+ControlReply ControlCommands::switcher(const QJsonObject& request) {
+    const platform::Ports& ports = agent_.ports();
+    // Where no windows can be seen at all, that is the reason. Asked last: the answer takes time.
+    const auto refuse = [&ports](const QString& reason) {
+        const platform::Availability windows = ports.accessibility.availability();
+        const bool isBlind = windows.state == platform::Availability::State::unavailable;
+        return ControlReply::failure(isBlind ? windows.reason % u' ' % windows.remedy : reason);
+    };
+    if (!agent_.viewModel().config().windowSwitcherOrDefault())
+        return ControlReply::failure(
+            QStringLiteral("the window switcher is turned off in the settings"));
+    std::optional<platform::RunningApplication> app;
+    if (request.contains(u"name")) {
+        const auto named = confirmedShortcut(agent_.viewModel(), request);
+        if (const auto* refusal = std::get_if<ControlReply>(&named))
+            return *refusal;
+        const ShortcutItem& item = std::get<ShortcutItem>(named);
+        app = agent_.jumps().runningTarget(item);
+        if (!app)
+            return refuse(u"the application of \"" % item.name % u"\" does not run");
+    } else {
+        app = ports.workspace.frontmostApplication();
+        if (!app)
+            return refuse(QStringLiteral("no application is in front"));
+    }
+    if (!agent_.jumps().chooseWindow(*app))
+        return refuse(u'"' % app->name % u"\" has no windows or tabs to choose from");
+    const auto& shown = agent_.switcher().model().content();
+    return ControlReply::success(
+        QJsonObject{{QStringLiteral("application"), app->name},
+                    {QStringLiteral("windows"), qint64(shown.windows.size())},
+                    {QStringLiteral("tabs"), shown.totalTabs}});
 }
 
 ControlReply ControlCommands::restore(const QJsonObject& request) {

@@ -28,6 +28,7 @@ private:
     void jump(const QJsonObject& request, const ControlSocket::Reply& reply);
     ControlReply hide(const QJsonObject& request);
     ControlReply popover(const QJsonObject& request);
+    ControlReply switcher(const QJsonObject& request);
     ControlReply restore(const QJsonObject& request);
     ControlReply cycle(platform::CycleDirection direction);
     [[nodiscard]] ControlReply status() const;

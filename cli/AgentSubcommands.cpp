@@ -112,6 +112,11 @@ ExitStatus runPreviousWindow(const Arguments&, const Context& context) {
     return ask(context, verb("previous-window"));
 }
 
+ExitStatus runSwitcher(const Arguments& arguments, const Context& context) {
+    return ask(context,
+               arguments.positional.isEmpty() ? verb("switcher") : verb("switcher", arguments));
+}
+
 ExitStatus runStatus(const Arguments&, const Context& context) {
     return ask(context, verb("status"));
 }

@@ -32,6 +32,7 @@ ExitStatus runRestore(const Arguments& arguments, const Context& context);
 ExitStatus runNextWindow(const Arguments& arguments, const Context& context);
 ExitStatus runPreviousWindow(const Arguments& arguments, const Context& context);
 ExitStatus runStatus(const Arguments& arguments, const Context& context);
+ExitStatus runSwitcher(const Arguments& arguments, const Context& context);
 ExitStatus runPopover(const Arguments& arguments, const Context& context);
 ExitStatus runQuit(const Arguments& arguments, const Context& context);
 // To the running agent, else on the configuration file.

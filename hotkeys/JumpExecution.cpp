@@ -98,7 +98,9 @@ JumpExecution::Started JumpExecution::openApplication(const Opening& opening, Sc
     }
     const auto front = ports_.workspace.frontmostApplication();
     if (front && target.isReachedBy(*front)) {
-        if (switches_.switcherEnabled && isTakenBySwitcher(opening, *front))
+        const auto modifiers =
+            opening.combo ? std::optional(opening.combo->modifiers) : std::nullopt;
+        if (isTakenBySwitcher(modifiers, *front))
             return arrivedAlready();
         return reactivate(opening, *front);
     }
@@ -109,14 +111,20 @@ JumpExecution::Started JumpExecution::openApplication(const Opening& opening, Sc
     return Started::yes;
 }
 
-bool JumpExecution::isTakenBySwitcher(const Opening& opening, const RunningApplication& front) {
+bool JumpExecution::isTakenBySwitcher(std::optional<model::ModifierFlags> modifiers,
+                                      const RunningApplication& app) {
     using Mode = SwitcherGate::Mode;
     using Answer = SwitcherGate::Answer;
-    const auto modifiers = opening.combo ? std::optional(opening.combo->modifiers) : std::nullopt;
-    if (switches_.browserTabsEnabled && switcher_.knowsTabsOf(front.bundleIdentifier) &&
-        switcher_.open(front, modifiers, Mode::tabsAllowed) == Answer::taken)
+    if (!switches_.switcherEnabled)
+        return false;
+    if (switches_.browserTabsEnabled && switcher_.knowsTabsOf(app.bundleIdentifier) &&
+        switcher_.open(app, modifiers, Mode::tabsAllowed) == Answer::taken)
         return true;
-    return switcher_.open(front, modifiers, Mode::windowsOnly) == Answer::taken;
+    return switcher_.open(app, modifiers, Mode::windowsOnly) == Answer::taken;
+}
+
+bool JumpExecution::chooseWindow(const RunningApplication& app) {
+    return isTakenBySwitcher(std::nullopt, app);
 }
 
 JumpExecution::Started JumpExecution::reactivate(const Opening& opening,
@@ -151,16 +159,7 @@ void JumpExecution::countJump(const QString& name) {
 void JumpExecution::hide(const ShortcutItem& item) {
     counter_.countHide();
     cancelSwitcher();
-    QString path = QDir::cleanPath(item.targetPath);
-    if (const auto resolved = resolveBookmark(item); resolved && *resolved)
-        path = resolved->value();
-    if (!ports_.workspace.isApplication(path)) {
-        const auto application = ports_.workspace.defaultApplication(path);
-        if (!application)
-            return;
-        path = *application;
-    }
-    const auto running = runningInstance(destination(path));
+    const auto running = runningTarget(item);
     if (!running)
         return;
     const bool wasActive = ports_.applications.state(running->pid).active;
@@ -169,6 +168,19 @@ void JumpExecution::hide(const ShortcutItem& item) {
     if (wasActive)
         delayed_.after(hideSettles, "give focus back",
                        [this, app = *running] { handBackAfterHide(app); });
+}
+
+std::optional<RunningApplication> JumpExecution::runningTarget(const ShortcutItem& item) {
+    QString path = QDir::cleanPath(item.targetPath);
+    if (const auto resolved = resolveBookmark(item); resolved && *resolved)
+        path = resolved->value();
+    if (!ports_.workspace.isApplication(path)) {
+        const auto application = ports_.workspace.defaultApplication(path);
+        if (!application)
+            return std::nullopt;
+        path = *application;
+    }
+    return runningInstance(destination(path));
 }
 
 void JumpExecution::handBackAfterHide(const RunningApplication& app) {

@@ -42,6 +42,13 @@ public:
 
     void hide(const model::ShortcutItem& item);
 
+    // The application that the shortcut opens its target in, where it runs.
+    [[nodiscard]] std::optional<platform::RunningApplication>
+    runningTarget(const model::ShortcutItem& item);
+    // Opens the window switcher over the application, in front or not, without keys to hold. False
+    // where it is switched off or there is nothing to switch between.
+    [[nodiscard]] bool chooseWindow(const platform::RunningApplication& app);
+
     [[nodiscard]] const ArrivalWatch& arrivals() const { return arrivals_; }
 
 private:
@@ -60,8 +67,8 @@ private:
     Started openApplication(const Opening& opening, platform::ScopedAccess access);
     Started openDocument(const Opening& opening, platform::ScopedAccess access);
     Started reactivate(const Opening& opening, const platform::RunningApplication& front);
-    [[nodiscard]] bool isTakenBySwitcher(const Opening& opening,
-                                         const platform::RunningApplication& front);
+    [[nodiscard]] bool isTakenBySwitcher(std::optional<model::ModifierFlags> modifiers,
+                                         const platform::RunningApplication& app);
 
     // The bookmark's place of the target now; the failure is for whoever wants to tell it.
     [[nodiscard]] std::optional<platform::Result<QString>>

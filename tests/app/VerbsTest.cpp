@@ -55,6 +55,42 @@ TEST_F(VerbsTest, thePopoverIsToggledAndOpenedOnAFile) {
     EXPECT_THAT(ask(R"({"verb":"popover","add":7})"), HasSubstr(R"("ok":false)"));
 }
 
+TEST_F(VerbsTest, theSwitcherOpensOverAnApplicationInFrontOrNot) {
+    desk.installApp({.name = u"Mail"_s,
+                     .path = u"/Applications/Mail.app"_s,
+                     .windows = {{u"Post"_s}, {u"Draft"_s}}});
+    desk.installApp({.name = u"Notes"_s,
+                     .path = u"/Applications/Notes.app"_s,
+                     .windows = {{u"A"_s}, {u"B"_s}, {u"C"_s}}});
+    desk.installApp({.name = u"Idle"_s, .path = u"/Applications/Idle.app"_s});
+    for (const char* name : {"Mail", "Notes", "Idle"})
+        ASSERT_TRUE(agent.viewModel().merge(
+            {item(name, (QByteArray("/Applications/") + name + ".app").constData())}));
+    EXPECT_THAT(ask(R"({"verb":"switcher"})"), HasSubstr("no application is in front"));
+    desk.bringToFront(u"Mail"_s);
+    desk.bringToFront(u"Notes"_s);
+    EXPECT_THAT(ask(R"({"verb":"switcher"})"),
+                HasSubstr(R"({"application":"Notes","tabs":0,"windows":3})"));
+    const auto& shown = agent.switcher().model().content();
+    EXPECT_TRUE(shown.isPinned) << "there are no keys to let go of";
+    EXPECT_EQ(shown.selWin, 0);
+    EXPECT_THAT(ask(R"({"verb":"switcher","name":"no"})"), HasSubstr(R"("ok":true)"));
+    EXPECT_EQ(shown.selWin, 1) << "again over the same application it steps on";
+    EXPECT_THAT(ask(R"({"verb":"switcher","name":"Mail"})"), HasSubstr(R"("windows":2)"));
+    EXPECT_EQ(shown.appName, u"Mail"_s);
+    EXPECT_THAT(ask(R"({"verb":"switcher","name":"Nobody"})"), HasSubstr("no shortcut is called"));
+    EXPECT_THAT(ask(R"({"verb":"switcher","name":7})"), HasSubstr(R"("ok":false)"));
+    desk.bringToFront(u"Idle"_s);
+    EXPECT_THAT(ask(R"({"verb":"switcher"})"), HasSubstr("has no windows or tabs"));
+    desk.quitApp(u"Idle"_s);
+    EXPECT_THAT(ask(R"({"verb":"switcher","name":"Idle"})"), HasSubstr("does not run"));
+    desk.bringToFront(u"Notes"_s);
+    agent.viewModel().changeSettings(
+        [](model::AppConfiguration& config) { config.windowSwitcher = false; });
+    EXPECT_THAT(ask(R"({"verb":"switcher"})"), HasSubstr("turned off"));
+    EXPECT_FALSE(agent.switcher().isOpen());
+}
+
 TEST_F(VerbsTest, whatIsExportedComesBackWithItsHotkey) {
     ASSERT_TRUE(desk.addFile(u"/tmp/x.txt"_s));
     ask(R"({"verb":"add","path":"file:///tmp/x.txt","key":"ctrl+opt+x"})");

@@ -281,7 +281,7 @@ TEST_F(CommandLineTest, withoutAnAgentExportsTravelByFileAndByPipe) {
 }
 
 TEST_F(CommandLineTest, verbsOfTheAgentSayThatNoneRuns) {
-    for (const char* verb : {"status", "quit", "next-window", "popover"}) {
+    for (const char* verb : {"status", "quit", "next-window", "popover", "switcher"}) {
         const Finished finished = run({QString::fromLatin1(verb)});
         EXPECT_EQ(finished.status, 1);
         EXPECT_THAT(finished.err, HasSubstr("no agent runs"));
