@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/AppDelegate.h"
 
-#include "app/BrowserPrompt.h"
 #include "app/LocationCheck.h"
 #include "platform/Alerts.h"
 #include "platform/CrashCapture.h"
@@ -51,7 +50,10 @@ AppDelegate::AppDelegate(const platform::Ports& ports, Options options)
                     stats_.record(stats::JumpStats::Kind::switcher, application);
                 }),
       counter_(std::make_unique<Counter>(stats_)), jumps_(ports, focus_, switcher_, *counter_),
-      cycler_(ports), switcherHooks_(ports, switcher_, browserTabs_) {
+      cycler_(ports), switcherHooks_(ports, switcher_, browserTabs_),
+      browserPrompt_(ports, browserTabs_, switcher_, [this](const QString& browser) {
+          shell_->showPopover({platform::PopoverScreen::browsers, {}, browser});
+      }) {
     switcher_.setShortcuts([this](const model::KeyCombo& combo) {
         return std::ranges::any_of(hotkeys_.registered(), [&combo](const auto& entry) {
             return entry.hotkey.combo == combo;
@@ -140,12 +142,6 @@ void AppDelegate::createShell() {
                      [this](auto outcome) { updatesChecked(outcome); });
     shell_->createStatusItemAndPopover();
     ports_.panels.createSwitcherBar();
-    browserTabs_.setGuide([this](const platform::RunningApplication& browser) {
-        promptForExtension(ports_, browser, [this, alive = alive_, id = browser.bundleIdentifier] {
-            if (*alive)
-                shell_->showPopover({platform::PopoverScreen::browsers, {}, id});
-        });
-    });
 }
 
 // What need not be ready with the first key press.

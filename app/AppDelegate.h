@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "app/BrowserPrompt.h"
 #include "app/DebugHooks.h"
 #include "app/MenuBarShell.h"
 #include "app/SwitcherHooks.h"
@@ -109,6 +110,7 @@ private:
     DebugHooks debugHooks_;
     std::optional<bool> launchAtLogin_; // as last applied
     bool isAnswerAwaited_ = false;      // the person asked for updates
+    BrowserPrompt browserPrompt_;
     QObject context_;                   // connections end with the delegate
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -110,6 +110,16 @@ FocusScope {
         // qmllint enable unqualified
     }
 
+    LazyScreen {
+        anchors.fill: parent
+        shown: root.popover.screen === "browsers"
+        // qmllint disable unqualified
+        sourceComponent: BrowsersScreen {
+            popover: root.popover
+        }
+        // qmllint enable unqualified
+    }
+
     MessageLine {
         id: problemLine
 

@@ -21,7 +21,8 @@ PopoverModel::PopoverModel(app::AppDelegate& agent, QObject* parent)
       feedback_(std::make_unique<FeedbackForm>(agent)),
       statistics_(std::make_unique<StatisticsCardModel>(agent)),
       challenge_(std::make_unique<ChallengeScreenModel>(agent)),
-      crash_(std::make_unique<CrashReportModel>(agent)) {
+      crash_(std::make_unique<CrashReportModel>(agent)),
+      browsers_(std::make_unique<BrowserSetup>(agent.ports())) {
     connect(editor_.get(), &ShortcutEditor::finished, this, &PopoverModel::back);
     connect(crash_.get(), &CrashReportModel::answered, this, &PopoverModel::back);
     connect(list_->banner(), &ListBanner::crashReportWanted, this,
@@ -37,6 +38,8 @@ QString PopoverModel::screen() const {
 void PopoverModel::setRoute(const PopoverRoute& route) {
     if (route.screen == PopoverScreen::add)
         editor_->startAdd(route.targetPath);
+    if (route.screen == PopoverScreen::browsers)
+        browsers_->open(route.browser);
     show(route.screen);
     route_ = route;
 }
@@ -62,7 +65,8 @@ void PopoverModel::open(const QString& screen) {
     constexpr auto all =
         std::to_array({PopoverScreen::list, PopoverScreen::add, PopoverScreen::importing,
                        PopoverScreen::exporting, PopoverScreen::settings, PopoverScreen::feedback,
-                       PopoverScreen::statistics, PopoverScreen::challenge, PopoverScreen::crash});
+                       PopoverScreen::statistics, PopoverScreen::challenge, PopoverScreen::crash,
+                       PopoverScreen::browsers});
     for (const PopoverScreen each : all)
         if (platform::screenName(each) == screen)
             return setRoute({each, {}});
@@ -90,6 +94,10 @@ void PopoverModel::addDropped(const QStringList& urls) {
         Q_EMIT problem(added.failure().detail);
 }
 
+bool PopoverModel::isReadElsewhere() const {
+    return route_.screen == PopoverScreen::browsers && browsers_->state() == u"waiting";
+}
+
 void PopoverModel::wasHidden() {
     editor_->pause();
     settings_->pause();
@@ -100,6 +108,7 @@ void PopoverModel::wasHidden() {
 void PopoverModel::show(PopoverScreen screen) {
     const PopoverScreen before = std::exchange(route_.screen, screen);
     route_.targetPath.clear();
+    route_.browser.clear();
     if (before == screen)
         return;
     switch (before) {
@@ -116,6 +125,7 @@ void PopoverModel::show(PopoverScreen screen) {
     case PopoverScreen::statistics:
     case PopoverScreen::challenge:
     case PopoverScreen::crash:
+    case PopoverScreen::browsers:
         break;
     }
     switch (screen) {
@@ -127,6 +137,7 @@ void PopoverModel::show(PopoverScreen screen) {
         break;
     case PopoverScreen::settings:
         settings_->refresh();
+        browsers_->refresh();
         break;
     case PopoverScreen::list:
     case PopoverScreen::add:
@@ -134,6 +145,7 @@ void PopoverModel::show(PopoverScreen screen) {
     case PopoverScreen::statistics:
     case PopoverScreen::challenge:
     case PopoverScreen::crash:
+    case PopoverScreen::browsers:
         break;
     }
     tellScreens();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/PanelHost.h"
+#include "ui/browser/BrowserSetup.h"
 #include "ui/challenge/ChallengeScreenModel.h"
 #include "ui/crash/CrashReportModel.h"
 #include "ui/editor/ShortcutEditor.h"
@@ -25,8 +26,8 @@ class AppDelegate;
 namespace skipnest::ui {
 
 // What the popover shows, and the way between its screens: "list", "add" (also edits), "import",
-// "export", "settings", "feedback", "statistics", "challenge", "crash". The list is home; every
-// other screen goes back to it.
+// "export", "settings", "feedback", "statistics", "challenge", "crash", "browsers". The list is
+// home; every other screen goes back to it, the browsers by way of the settings.
 class PopoverModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -41,6 +42,7 @@ class PopoverModel final : public QObject {
     Q_PROPERTY(skipnest::ui::StatisticsCardModel* statistics READ statistics CONSTANT)
     Q_PROPERTY(skipnest::ui::ChallengeScreenModel* challenge READ challenge CONSTANT)
     Q_PROPERTY(skipnest::ui::CrashReportModel* crash READ crash CONSTANT)
+    Q_PROPERTY(skipnest::ui::BrowserSetup* browsers READ browsers CONSTANT)
 public:
     explicit PopoverModel(app::AppDelegate& agent, QObject* parent = nullptr);
     ~PopoverModel() override;
@@ -56,6 +58,7 @@ public:
     [[nodiscard]] StatisticsCardModel* statistics() const { return statistics_.get(); }
     [[nodiscard]] ChallengeScreenModel* challenge() const { return challenge_.get(); }
     [[nodiscard]] CrashReportModel* crash() const { return crash_.get(); }
+    [[nodiscard]] BrowserSetup* browsers() const { return browsers_.get(); }
 
     void setRoute(const platform::PopoverRoute& route);
     // The popover comes into view for this. Asked for the list, as every click on the icon does, it
@@ -69,6 +72,9 @@ public:
     Q_INVOKABLE void close();
     // Dropped on the popover: URLs of files and folders. An import takes the first for its file.
     Q_INVOKABLE void addDropped(const QStringList& urls);
+    // What is shown is followed in another program's window: the popover stays when that gets the
+    // keyboard.
+    [[nodiscard]] bool isReadElsewhere() const;
     // The popover was hidden: recordings, searches and the like end.
     void wasHidden();
 
@@ -93,6 +99,7 @@ private:
     std::unique_ptr<StatisticsCardModel> statistics_;
     std::unique_ptr<ChallengeScreenModel> challenge_;
     std::unique_ptr<CrashReportModel> crash_;
+    std::unique_ptr<BrowserSetup> browsers_;
 };
 
 } // namespace skipnest::ui

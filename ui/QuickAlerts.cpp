@@ -6,6 +6,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QScreen>
+#include <QtMath>
 
 #include <algorithm>
 #include <utility>
@@ -61,9 +62,17 @@ void QuickAlerts::show(const Alert& alert, std::function<void(int)> answered) {
     view.installEventFilter(this);
     windows_.push_back(std::move(window));
 
-    // As large as its text: there is nothing to gain from another size.
-    view.setMinimumSize(view.size());
-    view.setMaximumSize(view.size());
+    // As large as its text: there is nothing to gain from another size. How many lines the text
+    // takes is known only once it has been laid out.
+    const auto fit = [&view] {
+        const QSize size(qCeil(view.rootObject()->implicitWidth()),
+                         qCeil(view.rootObject()->implicitHeight()));
+        view.setMinimumSize(size);
+        view.setMaximumSize(size);
+        view.resize(size);
+    };
+    fit();
+    connect(view.rootObject(), &QQuickItem::implicitHeightChanged, &view, fit);
     if (const QScreen* screen = view.screen()) {
         const QRect available = screen->availableGeometry();
         // A little above the middle, where the eye looks first.

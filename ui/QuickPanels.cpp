@@ -106,7 +106,7 @@ void QuickPanels::hidePopover() {
 
 void QuickPanels::popoverLostFocus() {
     // A recording takes the keyboard, which looks the same from here.
-    if (!agent_->viewModel().hotkeysSuspended())
+    if (!agent_->viewModel().hotkeysSuspended() && !popoverModel_->isReadElsewhere())
         hidePopover();
 }
 

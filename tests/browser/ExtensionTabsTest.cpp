@@ -6,6 +6,7 @@
 #include "platform/linux/browser/TabListing.h"
 #include "tests/browser/HostProcess.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -231,8 +232,44 @@ TEST_F(ExtensionTabsTest, AHostThatGoesOrTalksNonsenseIsNotWaitedFor) {
     EXPECT_FALSE(refusal(2).description.contains(u"secret")) << "an address ends up in the log";
 }
 
+TEST_F(ExtensionTabsTest, AHalfMessageHoldsUpNobodyAndALongOneArrives) {
+    QLocalSocket half;
+    half.connectToServer(socketPath());
+    half.write(framedMessage("{\"hello\":1}").chopped(3));
+    half.waitForBytesWritten();
+    // Nearly as long as a message may be.
+    const QString title(platform::longestTabsAnswer - 200, u'x');
+    const Profile profile(socketPath(), [&](const QJsonObject&) -> QJsonObject {
+        return {{u"windows"_s, QJsonArray{QJsonArray{tab(title, u"u"_s)}}}};
+    });
+    const QString lines = text(tabs.run(platform::EnumerateTabs{chromium}, 5s));
+    EXPECT_EQ(lines.size(), title.size() + QString(u"1|1||0|u\n"_s).size());
+}
+
+TEST_F(ExtensionTabsTest, WhoeverWatchesHearsOfConnectionsOnTheMainThread) {
+    int noArguments = 0;
+    const QCoreApplication application(noArguments, nullptr);
+    int told = 0;
+    const auto watching = tabs.observeConnections([&told] { ++told; });
+    const auto becomes = [&told](int expected) {
+        for (int i = 0; told < expected && i < 500; ++i)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        return told == expected;
+    };
+    {
+        const Profile profile(socketPath(), [](const QJsonObject&) { return QJsonObject(); });
+        EXPECT_EQ(told, 0) << "never from inside";
+        EXPECT_TRUE(becomes(1));
+        EXPECT_EQ(tabs.connectedBrowsers(), QStringList{chromium});
+    }
+    EXPECT_TRUE(becomes(2));
+    EXPECT_EQ(tabs.connectedBrowsers(), QStringList());
+}
+
 TEST_F(ExtensionTabsTest, AnybodyOfTheUserMayAskWhoIsConnected) {
     const Profile profile(socketPath(), [](const QJsonObject&) { return QJsonObject(); });
+    // Another process's view of it: the command line's.
+    EXPECT_EQ(ExtensionTabs(clock, runtime.path()).connectedBrowsers(), QStringList{chromium});
     QLocalSocket socket;
     socket.connectToServer(socketPath());
     socket.write(framed({{u"who"_s, 1}}));

@@ -2,6 +2,8 @@
 #include "ui/settings/AvailabilityRows.h"
 
 #include "app/Doctor.h"
+#include "platform/Accessibility.h"
+#include "platform/BrowserExtensions.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/FileIndex.h"
@@ -24,7 +26,7 @@ AvailabilityRows::AvailabilityRows(const platform::Ports& ports, QObject* parent
     : KeyedListModel(parent), ports_(ports) {}
 
 void AvailabilityRows::update() {
-    setRows({
+    std::vector<Row> rows{
         {tr("Shortcuts from everywhere"), ports_.hotkeys.availability()},
         {tr("Recording keys"), ports_.keyboardCapture.availability()},
         {tr("The desktop's own keys"), ports_.desktopShortcuts.availability()},
@@ -39,7 +41,11 @@ void AvailabilityRows::update() {
          platform::WebService(ports_.http, ports_.scheduler, ports_.app.serviceAddress)
              .availability()},
         {tr("Recording a crash"), ports_.crashCapture.availability()},
-    });
+    };
+    for (const auto& browser : ports_.browserExtensions.browsers())
+        rows.push_back({tr("Tabs of %1").arg(titleOf(browser)),
+                        tabsAvailability(browser, ports_.browserExtensions.folder())});
+    setRows(rows);
 }
 
 QString AvailabilityRows::report() const {

@@ -123,6 +123,10 @@ bool SettingsModel::showsKeys() const {
     return isFound(tr("Keys Who has which key"));
 }
 
+bool SettingsModel::showsBrowsers() const {
+    return isFound(tr("Browser tabs extension Chromium Chrome Firefox"));
+}
+
 bool SettingsModel::showsChallenge() const {
     return isFound(tr("Global Jump Challenge leaderboard name flag"));
 }
@@ -132,7 +136,7 @@ bool SettingsModel::showsAbout() const {
 }
 
 bool SettingsModel::findsNothing() const {
-    return !showsKeys() && !showsChallenge() && !showsAbout() &&
+    return !showsKeys() && !showsBrowsers() && !showsChallenge() && !showsAbout() &&
            std::ranges::all_of(sections_, [](const auto& each) { return each->count() == 0; });
 }
 

@@ -34,6 +34,7 @@ class SettingsModel final : public QObject {
     Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(bool findsNothing READ findsNothing NOTIFY filterChanged)
     Q_PROPERTY(bool showsKeys READ showsKeys NOTIFY filterChanged)
+    Q_PROPERTY(bool showsBrowsers READ showsBrowsers NOTIFY filterChanged)
     Q_PROPERTY(bool showsChallenge READ showsChallenge NOTIFY filterChanged)
     Q_PROPERTY(bool showsAbout READ showsAbout NOTIFY filterChanged)
     Q_PROPERTY(QList<QObject*> sections READ sections CONSTANT)
@@ -55,6 +56,7 @@ public:
     void setFilter(const QString& filter);
     [[nodiscard]] bool findsNothing() const;
     [[nodiscard]] bool showsKeys() const;
+    [[nodiscard]] bool showsBrowsers() const;
     [[nodiscard]] bool showsChallenge() const;
     [[nodiscard]] bool showsAbout() const;
     [[nodiscard]] QList<QObject*> sections() const;

@@ -118,6 +118,28 @@ ScreenPage {
 
             Card {
                 width: parent.width
+                visible: root.settings.showsBrowsers && root.popover.browsers.summary !== ""
+                title: qsTr("Browser tabs")
+
+                SettingText {
+                    title: qsTr("Tabs in the switcher")
+                    description: qsTr("The bar of a browser shows its tabs once it has Skipnest's extension.")
+                }
+
+                SettingText {
+                    objectName: "browserSummary"
+                    description: root.popover.browsers.summary
+                }
+
+                ActionButton {
+                    objectName: "openBrowsers"
+                    text: qsTr("Set up browsers")
+                    onPressed: root.popover.open("browsers")
+                }
+            }
+
+            Card {
+                width: parent.width
                 visible: root.settings.showsChallenge
                 title: qsTr("🌍 Global Jump Challenge")
 

@@ -79,6 +79,107 @@
     </message>
 </context>
 <context>
+    <name>BrowserGuide</name>
+    <message>
+        <source>%1 is connected. Press its shortcut while it is in front: the bar shows its tabs.</source>
+        <translation>%1 ist verbunden. Sein Kürzel drücken, während es vorn ist: Die Leiste zeigt die Tabs.</translation>
+    </message>
+    <message>
+        <source>This %1 runs in a sandbox that starts no program outside of it, so Skipnest cannot be reached from there. Its ordinary package works.</source>
+        <translation>Dieses %1 läuft in einer Sandbox, die kein Programm außerhalb startet; Skipnest ist von dort nicht zu erreichen. Mit dem gewöhnlichen Paket geht es.</translation>
+    </message>
+    <message>
+        <source>Waiting for %1 …</source>
+        <translation>Warten auf %1 …</translation>
+    </message>
+    <message>
+        <source>Load the extension, once for each profile</source>
+        <translation>Erweiterung laden, einmal je Profil</translation>
+    </message>
+    <message>
+        <source>Type this address in %1:</source>
+        <translation>In %1 diese Adresse eingeben:</translation>
+    </message>
+    <message>
+        <source>Copy the address</source>
+        <translation>Adresse kopieren</translation>
+    </message>
+    <message>
+        <source>Click “Load Temporary Add-on…”.</source>
+        <translation>Auf „Temporäres Add-on laden…“ klicken.</translation>
+    </message>
+    <message>
+        <source>Switch on “Developer mode” at the top right, then click “Load unpacked”.</source>
+        <translation>Oben rechts „Entwicklermodus“ einschalten, dann auf „Entpackte Erweiterung laden“ klicken.</translation>
+    </message>
+    <message>
+        <source>Choose this file:</source>
+        <translation>Diese Datei wählen:</translation>
+    </message>
+    <message>
+        <source>Choose this folder:</source>
+        <translation>Diesen Ordner wählen:</translation>
+    </message>
+    <message>
+        <source>Copy the file&apos;s path</source>
+        <translation>Pfad der Datei kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the folder&apos;s path</source>
+        <translation>Pfad des Ordners kopieren</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>A temporary add-on leaves when %1 ends. To stay, it has to be a file signed by Mozilla: release versions and ESR take no other. Developer Edition and Nightly do, with xpinstall.signatures.required off in about:config.</source>
+        <translation>Ein temporäres Add-on verschwindet, wenn %1 endet. Um zu bleiben, muss es eine von Mozilla signierte Datei sein: Normale Versionen und ESR nehmen keine andere. Developer Edition und Nightly schon, wenn xpinstall.signatures.required in about:config aus ist.</translation>
+    </message>
+    <message>
+        <source>The extension reads titles and addresses of open tabs, never pages, and nothing in private windows. They stay in memory on this computer. %1 learns which program to start from %2; `skipnest browser remove` takes that back.</source>
+        <translation>Die Erweiterung liest Titel und Adressen offener Tabs, niemals Seiten, und nichts in privaten Fenstern. Sie bleiben im Arbeitsspeicher dieses Rechners. Welches Programm %1 starten darf, steht in %2; `skipnest browser remove` nimmt das zurück.</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPrompt</name>
+    <message>
+        <source>your browser</source>
+        <translation>Browser</translation>
+    </message>
+    <message>
+        <source>Let Skipnest switch %1 tabs</source>
+        <translation>Skipnest die Tabs von %1 wechseln lassen</translation>
+    </message>
+    <message>
+        <source>To step through tabs and search them, Skipnest needs its extension in %1. Loading it takes a minute.</source>
+        <translation>Um Tabs durchzugehen und zu durchsuchen, braucht Skipnest seine Erweiterung in %1. Sie zu laden dauert eine Minute.</translation>
+    </message>
+    <message>
+        <source>Show me how</source>
+        <translation>Zeigen, wie</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+</context>
+<context>
+    <name>BrowsersScreen</name>
+    <message>
+        <source>Browser tabs</source>
+        <translation>Browser-Tabs</translation>
+    </message>
+    <message>
+        <source>No browser was found whose tabs could be listed.</source>
+        <translation>Kein Browser gefunden, dessen Tabs sich zeigen ließen.</translation>
+    </message>
+    <message>
+        <source>A browser tells of its tabs only through an extension. Choose one to see how it is loaded.</source>
+        <translation>Ein Browser verrät seine Tabs nur einer Erweiterung. Einen wählen, um zu sehen, wie sie geladen wird.</translation>
+    </message>
+</context>
+<context>
     <name>ChallengeBoardFace</name>
     <message>
         <source>Change name or flag</source>
@@ -2307,6 +2408,22 @@
         <source>Open the challenge</source>
         <translation>Challenge öffnen</translation>
     </message>
+    <message>
+        <source>Browser tabs</source>
+        <translation>Browser-Tabs</translation>
+    </message>
+    <message>
+        <source>Tabs in the switcher</source>
+        <translation>Tabs im Fensterwechsler</translation>
+    </message>
+    <message>
+        <source>The bar of a browser shows its tabs once it has Skipnest&apos;s extension.</source>
+        <translation>Die Leiste eines Browsers zeigt seine Tabs, sobald er die Erweiterung von Skipnest hat.</translation>
+    </message>
+    <message>
+        <source>Set up browsers</source>
+        <translation>Browser einrichten</translation>
+    </message>
 </context>
 <context>
     <name>ShareCard</name>
@@ -2457,6 +2574,13 @@
     <message>
         <source>Most used</source>
         <translation>Am häufigsten</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::SwitcherBarModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
     </message>
 </context>
 <context>
@@ -2713,6 +2837,14 @@
         <translation>Programme</translation>
     </message>
     <message>
+        <source>Windows of programs</source>
+        <translation>Fenster der Programme</translation>
+    </message>
+    <message>
+        <source>Pictures of windows</source>
+        <translation>Bilder der Fenster</translation>
+    </message>
+    <message>
         <source>Stepping through windows</source>
         <translation>Durch Fenster gehen</translation>
     </message>
@@ -2739,6 +2871,37 @@
     <message>
         <source>Recording a crash</source>
         <translation>Abstürze festhalten</translation>
+    </message>
+    <message>
+        <source>Tabs of %1</source>
+        <translation>Tabs von %1</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::BrowserSetup</name>
+    <message>
+        <source>connected</source>
+        <translation>verbunden</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>not set up</source>
+        <translation>nicht eingerichtet</translation>
+    </message>
+    <message>
+        <source>cannot be reached</source>
+        <translation>nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be told of Skipnest: %2</source>
+        <translation>%1 konnte nicht von Skipnest erfahren: %2</translation>
     </message>
 </context>
 <context>
@@ -3218,6 +3381,10 @@
     <message>
         <source>Global Jump Challenge leaderboard name flag</source>
         <translation>Global Jump Challenge Weltrangliste Name Flagge</translation>
+    </message>
+    <message>
+        <source>Browser tabs extension Chromium Chrome Firefox</source>
+        <translation>Browser Tabs Erweiterung Chromium Chrome Firefox</translation>
     </message>
 </context>
 <context>
