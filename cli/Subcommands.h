@@ -16,6 +16,9 @@ ExitStatus runScriptRelocate(const Arguments& arguments, const Context& context)
 ExitStatus runScriptCycle(const Arguments& arguments, const Context& context);
 ExitStatus runTabsOutput(const Arguments& arguments, const Context& context);
 ExitStatus runTitlesMatch(const Arguments& arguments, const Context& context);
+ExitStatus runParse(const Arguments& arguments, const Context& context);
+ExitStatus runUnderstand(const Arguments& arguments, const Context& context);
+ExitStatus runRoute(const Arguments& arguments, const Context& context);
 ExitStatus runReplay(const Arguments& arguments, const Context& context);
 
 // What browsers need to be connected: writes into the person's own folders.

@@ -19,9 +19,12 @@ constexpr QStringView articles[] = {
     u"der",    u"dem",    u"des",   u"ein",    u"eine",   u"einen", u"mein", u"meine", u"meinen",
     u"meinem", u"meiner", u"diese", u"diesen", u"dieses", u"mir",   u"mal",  u"bitte", u"please",
 };
-constexpr QStringView pronouns[] = {u"it", u"them", u"him", u"sie", u"es", u"ihn"};
-constexpr QStringView takingVerbs[] = {u"take",  u"grab", u"get",  u"pick", u"nimm",
-                                       u"nehme", u"hol",  u"hole", u"greif"};
+// What stands for a name that was said before.
+constexpr QStringView pronouns[] = {u"it",  u"them", u"him",   u"this",   u"that",
+                                    u"sie", u"es",   u"ihn",   u"das",    u"die",
+                                    u"den", u"dies", u"diese", u"diesen", u"dieses"};
+constexpr QStringView takingVerbs[] = {u"take",  u"grab", u"get",  u"pick",  u"search", u"nimm",
+                                       u"nehme", u"hol",  u"hole", u"greif", u"suche",  u"finde"};
 constexpr QStringView askingWords[] = {u"kannst",    u"kannste", u"könntest",
                                        u"koenntest", u"würdest", u"wuerdest",
                                        u"du",        u"sollst",  u"muss"};
@@ -123,9 +126,7 @@ private:
         if (!places)
             return std::nullopt;
         name = withoutLead(name);
-        if (!name.isEmpty() && isOneOf(pronouns, words_[name.first].text))
-            name = {};
-        if (!name.isEmpty())
+        if (!name.isEmpty() && !isPronoun(name))
             return made(name, *places, startOfRequest());
         // "take the contract from downloads and move it to documents"
         Span taken = withoutLead(previous_);
@@ -134,7 +135,7 @@ private:
             ++taken.first;
         const Span behind = cutAtMarker(taken);
         taken = withoutLead(taken);
-        if (taken.isEmpty())
+        if (taken.isEmpty() || isPronoun(taken) || words_[taken.first].use->verb)
             return std::nullopt;
         Places both = *places;
         if (both.from.isEmpty() && !behind.isEmpty() &&
@@ -152,7 +153,7 @@ private:
             --rest.end;
         const auto places = readPlaces(rest);
         name = withoutLead(name);
-        if (name.isEmpty() || !places)
+        if (name.isEmpty() || isPronoun(name) || !places)
             return std::nullopt;
         auto found = made(name, *places, clauseStart_);
         found.end = verb_ + 1;
@@ -227,12 +228,21 @@ private:
         return found;
     }
 
+    // No name by itself: "it", and an article that nothing follows. "a" may be one.
+    bool isPronoun(Span name) const {
+        if (name.first + 1 != name.end)
+            return false;
+        const QString& word = words_[name.first].text;
+        return isOneOf(pronouns, word) || (isOneOf(articles, word) && word != u"a");
+    }
+
+    // Leaves one word, whatever it is.
     Span withoutLead(Span span) const {
-        while (!span.isEmpty() && isOneOf(articles, words_[span.first].text))
-            ++span.first;
-        while (!span.isEmpty() &&
+        while (span.first + 1 < span.end &&
                (words_[span.end - 1].text == u"please" || words_[span.end - 1].text == u"bitte"))
             --span.end;
+        while (span.first + 1 < span.end && isOneOf(articles, words_[span.first].text))
+            ++span.first;
         return span;
     }
 
@@ -244,7 +254,7 @@ private:
             ++span.first;
         if (!span.isEmpty() && isOneOf(folderWords, words_[span.end - 1].text))
             --span.end;
-        return span;
+        return isPronoun(span) ? Span() : span;
     }
 
     MoveCommand made(Span name, const Places& places, std::size_t first) const {
