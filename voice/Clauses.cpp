@@ -48,7 +48,7 @@ private:
                 flush();
         } else if (use.verb && !isNoun(at)) {
             takeVerb(at);
-        } else if (use.jumpFiller) {
+        } else if (use.jumpFiller || (reading_ == Reading::asMeant && isHesitation(words_, at))) {
             current_.end = at + 1;
         } else {
             keep(at);

@@ -163,7 +163,7 @@ private:
         std::size_t last = 0;
         std::size_t count = 0;
         for (std::size_t at = first; at < end; ++at) {
-            if (isNoContactWord(words_[at]) || appAt_[at] == app.app)
+            if (isNoContactWord(words_[at]) || isHesitation(words_, at) || appAt_[at] == app.app)
                 continue;
             const Clause* clause = clauseAt(at);
             if (isWindowClause(clause) || isElsewhere(clause))

@@ -51,7 +51,7 @@ SearchQuery SearchQuery::read(const std::vector<SpokenWord>& words, const Clause
         }
     } else {
         const auto skipLeads = [&] {
-            while (first < end && isOneOf(leads, words[first].text))
+            while (first < end && (isOneOf(leads, words[first].text) || isHesitation(words, first)))
                 ++first;
         };
         skipLeads();
@@ -62,8 +62,10 @@ SearchQuery SearchQuery::read(const std::vector<SpokenWord>& words, const Clause
         }
         while (end > first && isOneOf(ends, words[end - 1].text))
             --end;
-        for (std::size_t at = first; at < end; ++at)
-            kept.append(words[at].text);
+        for (std::size_t at = first; at < end; ++at) {
+            if (!isHesitation(words, at))
+                kept.append(words[at].text);
+        }
     }
     query.text = kept.join(u' ');
     return query;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/SpokenWords.h"
 
+#include "voice/WordList.h"
+
 #include <algorithm>
 
 namespace skipnest::voice {
@@ -99,6 +101,15 @@ std::vector<SpokenWord> spokenWords(const QString& transcript) {
         afterStop = end < run.end;
     }
     return words;
+}
+
+bool isHesitation(const std::vector<SpokenWord>& words, std::size_t at) {
+    static constexpr QStringView sounds[] = {u"ähm", u"aehm", u"äh",   u"aeh", u"uh",  u"uhm",
+                                             u"ehm", u"mhh",  u"mhhh", u"hmm", u"hmmm"};
+    const SpokenWord& word = words[at];
+    if (word.text == u"um")
+        return word.afterPause && at + 1 < words.size() && words[at + 1].afterPause;
+    return isOneOf(sounds, word.text);
 }
 
 QString textOf(const QString& transcript, const std::vector<SpokenWord>& words, std::size_t first,

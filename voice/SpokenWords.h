@@ -25,6 +25,10 @@ struct SpokenWord {
 // and "u.s.a." are not.
 [[nodiscard]] std::vector<SpokenWord> spokenWords(const QString& transcript);
 
+// A sound between two words, "ähm" or "uhm". "um" is one between pauses only: in German it is a
+// word.
+[[nodiscard]] bool isHesitation(const std::vector<SpokenWord>& words, std::size_t at);
+
 // What was said from `first` up to `end`, as the transcript has it, with one blank for any white
 // space.
 [[nodiscard]] QString textOf(const QString& transcript, const std::vector<SpokenWord>& words,
