@@ -25,9 +25,6 @@ constexpr QStringView pronouns[] = {u"it",  u"them", u"him",   u"this",   u"that
                                     u"den", u"dies", u"diese", u"diesen", u"dieses"};
 constexpr QStringView takingVerbs[] = {u"take",  u"grab", u"get",  u"pick",  u"search", u"nimm",
                                        u"nehme", u"hol",  u"hole", u"greif", u"suche",  u"finde"};
-constexpr QStringView askingWords[] = {u"kannst",    u"kannste", u"könntest",
-                                       u"koenntest", u"würdest", u"wuerdest",
-                                       u"du",        u"sollst",  u"muss"};
 constexpr QStringView folderWords[] = {u"folder", u"directory", u"ordner", u"verzeichnis"};
 // What a German verb leaves behind at the end of the sentence, and what people add there.
 constexpr QStringView endings[] = {u"ein", u"rein", u"hinein", u"herein", u"rüber",
@@ -168,9 +165,7 @@ private:
         return first;
     }
 
-    static bool isLead(const QString& word) {
-        return isVoiceFiller(word) || isOneOf(askingWords, word);
-    }
+    static bool isLead(const QString& word) { return isVoiceFiller(word) || isAskingWord(word); }
 
     struct Places {
         Span from;

@@ -106,8 +106,17 @@ private:
         } else if (const auto key = wholeSite(words)) {
             takeSiteWord(*key, words);
         } else if (parts_.parsed.target.isEmpty() && !std::ranges::all_of(words, isVoiceFiller)) {
-            parts_.parsed.target = words.join(u' ');
+            parts_.parsed.target = withoutRequest(words).join(u' ');
         }
+    }
+
+    // "kannst du figma öffnen" without its "kannst du".
+    QStringList withoutRequest(const QStringList& words) const {
+        qsizetype first = 0;
+        while (reading_ == Reading::asMeant && first < words.size() &&
+               (isVoiceFiller(words[first]) || isAskingWord(words[first])))
+            ++first;
+        return words.mid(first);
     }
 
     // "google maps" is the site of that name, "google chrome" no site at all.
@@ -136,6 +145,9 @@ private:
         if (const auto url = address(words))
             return add(VoiceCommand::OpenSite{*url});
         for (const QString& word : isOfGoogle(words) ? words.mid(1) : words) {
+            // In "projekt x" the letter is a part of the name.
+            if (reading_ == Reading::asMeant && word.size() == 1 && words.size() > 1)
+                continue;
             if (const auto site = VoiceCommand::site(word)) {
                 site_ = site;
                 return add(VoiceCommand::OpenSite{site->url});
@@ -165,10 +177,14 @@ private:
             const bool isFirst = parts_.parsed.steps.empty();
             if (isFirst && isWindowOnly(parts_.parsed.target)) // "fenster schließen"
                 parts_.parsed.target.clear();
-            if (isFirst && parts_.parsed.target.isEmpty() && !isWindowOnly(words.join(u' '))) {
+            if (!isWindowOnly(words.join(u' '))) {
                 QStringList named = words;
                 named.removeIf(isWindowWord);
-                parts_.parsed.target = named.join(u' ');
+                // "open figma and quit chrome": there first, and only then the window.
+                if (isFirst && parts_.parsed.target.isEmpty())
+                    parts_.parsed.target = named.join(u' ');
+                else
+                    add(VoiceCommand::Find{named.join(u' ')});
             }
         }
         add(VoiceCommand::Window{verb});

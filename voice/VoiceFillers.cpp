@@ -2,6 +2,7 @@
 #include "voice/VoiceFillers.h"
 
 #include "voice/VoiceCommand.h"
+#include "voice/WordList.h"
 
 #include <QSet>
 
@@ -35,6 +36,12 @@ static_assert(std::size(fillers) == 122);
 bool isVoiceFiller(const QString& lowerCaseWord) {
     static const QSet<QStringView> set(std::begin(fillers), std::end(fillers));
     return set.contains(QStringView(lowerCaseWord));
+}
+
+bool isAskingWord(const QString& lowerCaseWord) {
+    static constexpr QStringView list[] = {u"kannst",  u"kannste",  u"könntest", u"koenntest",
+                                           u"würdest", u"wuerdest", u"du",       u"sollst"};
+    return isOneOf(list, lowerCaseWord);
 }
 
 QString spokenTarget(const QString& spoken) {
