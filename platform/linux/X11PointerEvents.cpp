@@ -18,12 +18,14 @@ platform::Observation X11PointerEvents::observeClicksOutside(std::function<void(
         if (!opened.ok())
             return {};
         raw_ = std::move(opened).value();
+    } else if (observers_.empty()) {
+        raw_->setListening(true);
     }
     auto observing = std::make_shared<platform::Observation>(observers_.add(std::move(clicked)));
     return platform::Observation([this, alive = std::weak_ptr(alive_), observing] {
         observing->reset();
-        if (!alive.expired() && observers_.empty())
-            raw_.reset();
+        if (!alive.expired() && observers_.empty() && raw_)
+            raw_->setListening(false);
     });
 }
 

@@ -6,8 +6,9 @@
 
 namespace skipnest::linuxdesktop {
 
-// Clicks by XInput2, on a connection that exists only while somebody observes. Where the server
-// refuses one, nothing is told: a click is one way out of several.
+// Clicks by XInput2, on a connection that is made for the first observer and silent while there is
+// none: whoever opens a panel does not wait for another. Where the server refuses one, nothing is
+// told: a click is one way out of several.
 class X11PointerEvents final : public platform::PointerEvents {
 public:
     X11PointerEvents(X11Display& display, platform::Scheduler& scheduler)

@@ -42,8 +42,9 @@ Result<std::unique_ptr<X11RawInput>> X11RawInput::open(const QByteArray& display
     if (xcb_connection_has_error(connection.get()) != 0)
         return Failure{Failure::Kind::unavailable,
                        QStringLiteral("The X server takes no further connection.")};
-    std::unique_ptr<X11RawInput> input(new X11RawInput(std::move(connection), std::move(sink)));
-    const Outcome selected = input->select(devices);
+    std::unique_ptr<X11RawInput> input(
+        new X11RawInput(std::move(connection), devices, std::move(sink)));
+    const Outcome selected = input->select();
     if (!selected.ok())
         return selected.failure();
     // Events that came together with an answer wait in memory, where no socket announces them.
@@ -54,8 +55,8 @@ Result<std::unique_ptr<X11RawInput>> X11RawInput::open(const QByteArray& display
     return input;
 }
 
-X11RawInput::X11RawInput(Connection connection, Sink sink)
-    : connection_(std::move(connection)), sink_(std::move(sink)),
+X11RawInput::X11RawInput(Connection connection, Devices devices, Sink sink)
+    : connection_(std::move(connection)), devices_(devices), sink_(std::move(sink)),
       notifier_(xcb_get_file_descriptor(connection_.get()), QSocketNotifier::Read) {
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { drain(); });
 }
@@ -65,7 +66,22 @@ X11RawInput::~X11RawInput() {
     notifier_.setEnabled(false);
 }
 
-Outcome X11RawInput::select(Devices devices) {
+xcb_void_cookie_t X11RawInput::request(std::uint32_t events) const {
+    const struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root;
+    return xcb_input_xi_select_events_checked(connection_.get(), root, 1, &selection.head);
+}
+
+void X11RawInput::setListening(bool listens) {
+    const xcb_void_cookie_t selected = request(listens ? mask(devices_) : 0);
+    xcb_discard_reply(connection_.get(), selected.sequence);
+    xcb_flush(connection_.get());
+}
+
+Outcome X11RawInput::select() {
     xcb_connection_t* connection = connection_.get();
     const xcb_query_extension_reply_t* extension =
         xcb_get_extension_data(connection, &xcb_input_id);
@@ -82,12 +98,7 @@ Outcome X11RawInput::select(Devices devices) {
         return Failure{Failure::Kind::unavailable,
                        QStringLiteral("The X server's XInput extension is older than 2.1.")};
 
-    const struct {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask(devices)};
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    const auto selected = xcb_input_xi_select_events_checked(connection, root, 1, &selection.head);
+    const xcb_void_cookie_t selected = request(mask(devices_));
     // Asked after selecting: a key that changes in between is in both, and told twice is harmless.
     const auto keymap = xcb_query_keymap(connection);
     const XcbPtr<xcb_generic_error_t> error(xcb_request_check(connection, selected));

@@ -32,6 +32,10 @@ public:
     open(const QByteArray& displayName, platform::Scheduler& scheduler, Devices devices, Sink sink);
     ~X11RawInput();
 
+    // Whether the server sends events: it does from the start. Quicker by far than another
+    // connection, as no answer is waited for.
+    void setListening(bool listens);
+
     // The keys that are down before the first event that the sink is told of.
     [[nodiscard]] const std::vector<xcb_keycode_t>& keysDownAtStart() const { return down_; }
     [[nodiscard]] bool broken() const { return xcb_connection_has_error(connection_.get()) != 0; }
@@ -42,11 +46,13 @@ private:
     };
     using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-    X11RawInput(Connection connection, Sink sink);
-    [[nodiscard]] platform::Outcome select(Devices devices);
+    X11RawInput(Connection connection, Devices devices, Sink sink);
+    [[nodiscard]] platform::Outcome select();
+    [[nodiscard]] xcb_void_cookie_t request(std::uint32_t events) const;
     void drain();
 
     Connection connection_;
+    const Devices devices_;
     Sink sink_;
     std::vector<xcb_keycode_t> down_;
     std::uint8_t inputOpcode_ = 0;
