@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Draws the screens into PNG files, FOLDER/SCREEN-THEME.png. Scale by QT_SCALE_FACTOR, as for any
 // Qt program.
+#include "tests/ui/BrowserScene.h"
 #include "tests/ui/ChallengeScene.h"
 #include "tests/ui/SwitcherScene.h"
 #include "tests/ui/UiStage.h"
@@ -316,6 +317,31 @@ QQuickView& settingsPrivacy(Stage& stage) {
     return stage.popover();
 }
 
+void browsers(sim::SimDesktop& desk) {
+    desk.browserExtensions().setBrowsers(test::severalBrowsers());
+}
+QQuickView& browserList(Stage& stage) {
+    return on(stage, PopoverScreen::browsers);
+}
+QQuickView& browserPage(Stage& stage, const QString& identifier) {
+    stage.show({PopoverScreen::browsers, {}, identifier});
+    return stage.popover();
+}
+QQuickView& browserWaits(Stage& stage) {
+    return browserPage(stage, u"org.chromium.Chromium"_s);
+}
+QQuickView& browserConnected(Stage& stage) {
+    return browserPage(stage, u"com.brave.Browser"_s);
+}
+QQuickView& browserSigned(Stage& stage) {
+    return browserPage(stage, u"org.mozilla.firefox"_s);
+}
+QQuickView& browserSettings(Stage& stage) {
+    settings(stage);
+    stage.panels().popoverModel().settings()->setFilter(u"Browser"_s);
+    return stage.popover();
+}
+
 QQuickView& feedback(Stage& stage) {
     on(stage, PopoverScreen::feedback);
     stage.item(u"feedbackCategory"_s).forceActiveFocus();
@@ -441,6 +467,26 @@ QString writer(Stage& stage) {
 template <int windows> QQuickView& barWindows(Stage& stage) {
     return bar(stage, test::windowSession(windows, writer(stage)), true);
 }
+// What programs and pages put into titles.
+QQuickView& barOddTitles(Stage& stage) {
+    auto content = test::windowSession(6, writer(stage));
+    const std::array titles{u"W"_s.repeated(10000),
+                            u"/home/ada/Documents/2026/Übersicht der Reisekosten.ods"_s,
+                            u"\u202eevil\u202c\t\r\n\x1b[31m"_s,
+                            u"<b>bold</b> &amp; <img src='x'>"_s,
+                            u"טיוטה 7 של התוכנית.odt"_s,
+                            u"Ärger mit Öl: Ümläute ÄÖÜ gjpqy"_s};
+    for (std::size_t i = 0; i < titles.size(); ++i)
+        content.windows[i].title = titles[i];
+    return bar(stage, content, true);
+}
+QQuickView& barOddTabs(Stage& stage) {
+    auto content = test::tabSession(6);
+    content.tabs[0].title.clear();
+    content.tabs[1].title = u"W"_s.repeated(10000);
+    content.tabs[2].title = u"<i>x</i>\nÄÖÜ gjpqy"_s;
+    return bar(stage, content, false);
+}
 QQuickView& barIcons(Stage& stage) {
     auto content = test::windowSession(4, writer(stage));
     content.isPinned = false;
@@ -495,6 +541,11 @@ constexpr auto pictures = std::to_array<Picture>({
     {u"list-crash", Setup::countsAsDone, crash},
     {u"crash", Setup::countsAsDone, crashReport},
     {u"settings-privacy", Setup::countsAsDone, settingsPrivacy},
+    {u"settings-browsers", Setup::countsAsDone, browserSettings, browsers},
+    {u"browsers", Setup::countsAsDone, browserList, browsers},
+    {u"browsers-waiting", Setup::countsAsDone, browserWaits, browsers},
+    {u"browsers-connected", Setup::countsAsDone, browserConnected, browsers},
+    {u"browsers-signed", Setup::countsAsDone, browserSigned, browsers},
     {u"feedback", Setup::countsAsDone, feedback},
     {u"challenge-none", Setup::countsAsDone, challengeJoin, test::removeWebService},
     {u"challenge-join", Setup::countsAsDone, challengeJoin},
@@ -510,6 +561,8 @@ constexpr auto pictures = std::to_array<Picture>({
     {u"bar-7", Setup::countsAsDone, barWindows<7>},
     {u"bar-20", Setup::countsAsDone, barWindows<20>},
     {u"bar-500", Setup::countsAsDone, barWindows<500>},
+    {u"bar-odd", Setup::countsAsDone, barOddTitles},
+    {u"bar-odd-tabs", Setup::countsAsDone, barOddTabs},
     {u"bar-icons", Setup::countsAsDone, barIcons},
     {u"bar-browser", Setup::countsAsDone, barBrowser},
     {u"bar-tabs", Setup::countsAsDone, barTabs},

@@ -8,7 +8,6 @@
 #include "ui/switcher/WindowPreview.h"
 
 #include <QAbstractItemModelTester>
-#include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickView>
 
@@ -63,13 +62,14 @@ INSTANTIATE_TEST_SUITE_P(bar, CardsIn,
                                          Room{"absurdWish", {1024, 768}, 3, 5000, 2, false}),
                          [](const auto& info) { return info.param.name; });
 
-TEST(BarLayout, doesNotShrinkWhileItIsInView) {
-    const ui::BarNeeds windows{{1600, 1000}, 220, 6};
-    const BarLayout before = ui::layoutBar(windows);
-    const BarLayout search = ui::layoutBar({{1600, 1000}, 220, 6, 0, 1, true}, before.size);
-    EXPECT_EQ(search.size, before.size);
-    EXPECT_GT(ui::layoutBar({{1600, 1000}, 220, 6, 90, 0, false}, before.size).size.height(),
-              before.size.height());
+TEST(BarLayout, shrinksInViewOnlyForWhatIsFound) {
+    const BarLayout windows = ui::layoutBar({{1600, 1000}, 220, 20});
+    const BarLayout tabs = ui::layoutBar({{1600, 1000}, 220, 20, 3, 0, false}, windows.size);
+    EXPECT_EQ(tabs.size, windows.size);
+    const BarLayout found = ui::layoutBar({{1600, 1000}, 220, 20, 0, 1, true}, windows.size);
+    EXPECT_EQ(found.size.width(), windows.size.width());
+    EXPECT_LT(found.size.height(), windows.size.height() / 2);
+    EXPECT_EQ(ui::layoutBar({{1600, 1000}, 220, 20}, found.size).size, windows.size);
 }
 
 // Texts.
@@ -99,8 +99,15 @@ INSTANTIATE_TEST_SUITE_P(
                     Marking{"ampersand", u"a<b"_s, u"lt"_s, u"a&lt;b"_s},
                     Marking{"farToTheRight",
                             u"0123456789 0123456789 0123456789 0123456789 needle"_s, u"needle"_s,
-                            u"…9 0123456789 <b><u>needle</u></b>"_s}),
+                            u"…0123456789 <b><u>needle</u></b>"_s}),
     [](const auto& info) { return info.param.name; });
+
+TEST(MarkedMatch, isShortOfATextWithoutEnd) {
+    const QString text = u"ab"_s.repeated(5000);
+    EXPECT_LT(ui::markedMatch(text, u"a"_s).size(), 4000);
+    EXPECT_TRUE(ui::boundedTitle(text + u"end"_s).endsWith(u"end"));
+    EXPECT_LT(ui::boundedTitle(text).size(), 300);
+}
 
 TEST(ShortTitle, leavesOutOnlyTheNameOfTheApplicationAtTheEnd) {
     EXPECT_EQ(ui::shortTitle(u"Minutes - Writer"_s, u"Writer"_s), u"Minutes"_s);
@@ -176,7 +183,7 @@ TEST_F(Bar, followsTheSwitcherWhileItIsShown) {
     scene_->set(test::tabSession(12));
     EXPECT_FALSE(hasItem(u"card0"_s));
     EXPECT_EQ(item(u"chip6"_s).property("isCurrent"), true);
-    EXPECT_EQ(item(u"drillName"_s).property("text"), u"git rebase --onto explained"_s);
+    EXPECT_EQ(item(u"headline"_s).property("text"), u"git rebase --onto explained"_s);
     EXPECT_EQ(item(u"queryText"_s).property("text"), u"Type to filter every tab…"_s);
 
     scene_->set(test::searchSession(u"git"_s));
@@ -272,13 +279,16 @@ TEST_F(Bar, isSelectedInOnlyByAPointerThatMoves) {
     EXPECT_THAT(told(), ElementsAre(u"hover 2"_s));
 }
 
-TEST_F(Bar, leavesTheFocusWhereItIs) {
-    stage_.show({platform::PopoverScreen::list, {}});
-    const QWindow* before = QGuiApplication::focusWindow();
-    ASSERT_NE(before, nullptr);
-    scene_->show(test::windowSession(3));
-    stage_.click(item(u"card1"_s));
-    EXPECT_EQ(QGuiApplication::focusWindow(), before);
+TEST_F(Bar, standsStillAtItsTopWhileItIsInView) {
+    scene_->show(test::browserSession(3));
+    const int top = scene_->view().y();
+    scene_->set(test::searchSession(u"git"_s));
+    EXPECT_EQ(scene_->view().y(), top);
+    scene_->set(test::tabSession(300));
+    EXPECT_TRUE(SwitcherScene::area.contains(scene_->view().geometry()));
+    scene_->hide();
+    scene_->show(test::browserSession(3));
+    EXPECT_EQ(scene_->view().y(), top) << "where the session before left it";
 }
 
 } // namespace

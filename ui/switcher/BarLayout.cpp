@@ -14,6 +14,7 @@ constexpr int widest = 1600;
 constexpr int lowestContent = 132;
 constexpr int smallestCard = 148;
 constexpr int largestCard = 360;
+constexpr double mostGrowth = 1.4; // more would enlarge what was captured small
 constexpr int titleHeight = 30;
 constexpr int chipWish = 230;
 constexpr int mostResults = 9; // in view; a longer list is not read but typed shorter
@@ -34,6 +35,11 @@ int fitting(int room, int size, int gap) {
     return std::max(1, (room + gap) / (size + gap));
 }
 
+// What scrolls shows whole rows.
+int wholeRows(int wanted, int room, int size, int gap) {
+    return wanted <= room ? wanted : extent(fitting(room, size, gap), size, gap);
+}
+
 // Pictures are 16 : 10, as most screens and so most windows are.
 int cardHeight(int width) {
     return static_cast<int>(std::lround((width - 2 * BarLayout::cardInset) * 0.625)) +
@@ -42,30 +48,49 @@ int cardHeight(int width) {
 
 void placeCards(BarLayout& layout, const BarNeeds& needs, const QSize& room) {
     const int count = std::max(1, needs.windows);
-    const auto take = [&](int width) {
+    const auto take = [&](int width, int columns) {
         layout.cardWidth = width;
         layout.cardHeight = cardHeight(width);
-        layout.cardColumns = std::min(count, fitting(room.width(), width, BarLayout::gap));
+        layout.cardColumns = columns;
     };
-    const auto fits = [&] {
-        return extent(rowsFor(count, layout.cardColumns), layout.cardHeight, BarLayout::gap) <=
-               room.height();
+    const auto columnsOf = [&](int width) {
+        return std::min(count, fitting(room.width(), width, BarLayout::gap));
+    };
+    const auto fits = [&](int width, int columns) {
+        return extent(columns, width, BarLayout::gap) <= room.width() &&
+               extent(rowsFor(count, columns), cardHeight(width), BarLayout::gap) <= room.height();
     };
     const int wish =
         std::clamp(static_cast<int>(std::lround(needs.cardWidth)), smallestCard, largestCard);
     for (int width = wish; width >= smallestCard; width -= 12) {
-        take(width);
-        if (fits()) {
-            layout.cardColumns = rowsFor(count, rowsFor(count, layout.cardColumns));
-            return;
-        }
+        if (!fits(width, columnsOf(width)))
+            continue;
+        const int columns = rowsFor(count, rowsFor(count, columnsOf(width)));
+        const int most = std::min(largestCard, static_cast<int>(width * mostGrowth));
+        while (width + 4 <= most && fits(width + 4, columns))
+            width += 4;
+        return take(width, columns);
     }
     // It scrolls in any case: better seen than one more row.
-    take(std::min(wish, std::max(smallestCard, wish * 4 / 5)));
+    const int width = std::min(wish, std::max(smallestCard, wish * 4 / 5));
+    take(width, columnsOf(width));
 }
 
 int chipColumnsFor(int tabs) {
     return tabs <= 1 ? 1 : tabs <= 8 ? 2 : tabs <= 24 ? 3 : tabs <= 60 ? 4 : 5;
+}
+
+int contentHeight(const BarLayout& layout, const BarNeeds& needs, int room) {
+    const auto rows = [&](int count, int size, int gap) {
+        return wholeRows(extent(count, size, gap), room, size, gap);
+    };
+    if (needs.searches)
+        return std::max(lowestContent,
+                        rows(std::min(needs.results, mostResults), BarLayout::resultHeight, 0));
+    return std::max(
+        {lowestContent,
+         rows(rowsFor(needs.windows, layout.cardColumns), layout.cardHeight, BarLayout::gap),
+         rows(rowsFor(needs.tabs, layout.chipColumns), BarLayout::chipHeight, BarLayout::chipGap)});
 }
 
 } // namespace
@@ -88,17 +113,10 @@ BarLayout layoutBar(const BarNeeds& needs, QSize atLeast) {
     layout.chipWidth =
         (inside - (layout.chipColumns - 1) * BarLayout::chipGap) / layout.chipColumns;
 
-    int content =
-        extent(rowsFor(needs.windows, layout.cardColumns), layout.cardHeight, BarLayout::gap);
-    if (needs.tabs > 0)
-        content = std::max(content, extent(rowsFor(needs.tabs, layout.chipColumns),
-                                           BarLayout::chipHeight, BarLayout::chipGap));
-    if (needs.searches)
-        content = std::max(content, std::min(needs.results, mostResults) * BarLayout::resultHeight);
-    content = std::clamp(content, lowestContent, room.height());
-    const int height =
-        std::max(content + chrome, std::min(atLeast.height(), room.height() + chrome));
-    layout.size = {width, height};
+    layout.size = {width, contentHeight(layout, needs, room.height()) + chrome};
+    if (!needs.searches)
+        layout.size.setHeight(
+            std::max(layout.size.height(), std::min(atLeast.height(), room.height() + chrome)));
     return layout;
 }
 

@@ -15,9 +15,9 @@ struct BarNeeds {
     bool searches = false;
 };
 
-// Where things go in the bar, in device-independent pixels. Cards keep the wished width in one or
-// several balanced rows; they shrink where that makes all of them fit, and scroll where even that
-// does not.
+// Where things go in the bar, in device-independent pixels. Cards of the wished width stand in one
+// or several balanced rows and grow into what is left over; they shrink where that makes all of
+// them fit, and scroll where even that does not.
 struct BarLayout {
     QSize size; // of the whole bar
     int cardWidth = 0;
@@ -29,6 +29,7 @@ struct BarLayout {
     static constexpr int margin = 18;
     static constexpr int gap = 12;      // between cards
     static constexpr int cardInset = 8; // from the card's edge to its picture
+    static constexpr int cornerRadius = 14;
     static constexpr int chipGap = 8;
     static constexpr int chipHeight = 40;
     static constexpr int resultHeight = 44;
@@ -39,7 +40,8 @@ struct BarLayout {
     bool operator==(const BarLayout&) const = default;
 };
 
-// Not smaller than `atLeast`, so that a bar in view does not jump about while the person types.
+// Not smaller than `atLeast`, so that a bar in view does not jump about; but what a query finds is
+// only as high as it has to be, as a short list in a large bar would be lost.
 [[nodiscard]] BarLayout layoutBar(const BarNeeds& needs, QSize atLeast = {});
 
 } // namespace skipnest::ui

@@ -10,7 +10,11 @@ GridView {
     readonly property int gap: 8
     property int hovered: -1
 
+    // Half a gap lies around the outermost; a row that is cut off would not be legible.
+    readonly property int room: parent.height + gap
+
     width: bar.chipColumns * cellWidth
+    height: contentHeight > room ? Math.max(1, Math.floor(room / cellHeight)) * cellHeight : room
     cellWidth: bar.chipWidth + gap
     cellHeight: 40 + gap
     cacheBuffer: 0
@@ -19,9 +23,10 @@ GridView {
     keyNavigationEnabled: false
     model: bar.tabs
     currentIndex: bar.selectedTab
-    highlightMoveDuration: Theme.moves && bar.settled ? 110 : 0
+    highlightMoveDuration: Theme.moves && bar.settled && visible ? 110 : 0
     highlight: SelectionRing {
         gap: 8
+        thickness: 2
     }
     onVisibleChanged: hovered = -1
 
@@ -77,7 +82,6 @@ GridView {
                 elide: Text.ElideRight
                 color: Theme.text
                 font.pixelSize: 13
-                font.bold: chip.isCurrent
             }
         }
     }
@@ -93,7 +97,7 @@ GridView {
     MouseArea {
         parent: chips.contentItem
         anchors.fill: parent
-        z: 2
+        z: 3
         hoverEnabled: true
         onClicked: mouse => chips.bar.pickTab(chips.indexAt(mouse.x, mouse.y))
         onPositionChanged: mouse => {
@@ -105,6 +109,8 @@ GridView {
 
     ScrollMark {
         flickable: chips
-        anchors.rightMargin: 0
+        parent: chips.parent
+        anchors.rightMargin: -12
+        visible: chips.visible && chips.contentHeight > chips.height
     }
 }

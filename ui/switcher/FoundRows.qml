@@ -16,9 +16,11 @@ ListView {
     keyNavigationEnabled: false
     model: bar.results
     currentIndex: bar.selectedResult
-    highlightMoveDuration: Theme.moves && bar.settled ? 90 : 0
+    highlightMoveDuration: Theme.moves && bar.settled && visible ? 90 : 0
     highlightResizeDuration: 0
-    highlight: SelectionRing {}
+    highlight: SelectionRing {
+        thickness: 2
+    }
     onVisibleChanged: hovered = -1
 
     Accessible.role: Accessible.List
@@ -131,7 +133,7 @@ ListView {
         parent: list.contentItem
         width: list.width
         height: list.contentHeight
-        z: 2
+        z: 3
         hoverEnabled: true
         onClicked: mouse => list.bar.pickResult(list.indexAt(mouse.x, mouse.y))
         onPositionChanged: mouse => {
@@ -143,6 +145,8 @@ ListView {
 
     ScrollMark {
         flickable: list
-        anchors.rightMargin: 0
+        parent: list.parent
+        anchors.rightMargin: -12
+        visible: list.visible && list.contentHeight > list.height
     }
 }

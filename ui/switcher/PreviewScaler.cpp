@@ -4,7 +4,6 @@
 #include "platform/Executor.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <utility>
 
@@ -12,23 +11,36 @@ namespace skipnest::ui {
 namespace {
 
 constexpr double cornerRadius = 5;
+constexpr int shadowStep = 40; // how dark it is next to the picture, of 255
 
 QImage fitted(const QImage& image, const QSize& pixels, double devicePixelRatio) {
     // Never enlarged: a small window is a small picture.
     const QSize size = image.size().boundedTo(image.size().scaled(pixels, Qt::KeepAspectRatio));
     const QImage scaled =
         image.scaled(size.expandedTo({1, 1}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QImage rounded(scaled.size(), QImage::Format_ARGB32_Premultiplied);
-    rounded.fill(Qt::transparent);
-    QPainter painter(&rounded);
+    const int margin = qRound(PreviewScaler::shadow * devicePixelRatio);
+    const double radius = cornerRadius * devicePixelRatio;
+    const QRectF window(QPointF(margin, margin), QSizeF(scaled.size()));
+    QImage picture(scaled.size() + 2 * QSize(margin, margin), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, shadowStep / margin));
+    for (int step = margin; step > 0; --step)
+        painter.drawRoundedRect(window.adjusted(-step, 2 - step, step, step), radius + step,
+                                radius + step);
+    painter.setBrushOrigin(window.topLeft());
     painter.setBrush(QBrush(scaled));
-    const double radius = cornerRadius * devicePixelRatio;
-    painter.drawRoundedRect(rounded.rect(), radius, radius);
+    painter.drawRoundedRect(window, radius, radius);
+    // A dark window on a dark card, or a white one on a white card, has an edge all the same.
+    const double half = devicePixelRatio / 2;
+    painter.setPen(QPen(QColor(128, 128, 128, 72), devicePixelRatio));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(window.adjusted(half, half, -half, -half), radius, radius);
     painter.end();
-    rounded.setDevicePixelRatio(devicePixelRatio);
-    return rounded;
+    picture.setDevicePixelRatio(devicePixelRatio);
+    return picture;
 }
 
 } // namespace

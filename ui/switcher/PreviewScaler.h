@@ -16,9 +16,12 @@ class Executor;
 namespace skipnest::ui {
 
 // Brings pictures of windows down to the size of a card, off the main thread: scaled well, with
-// rounded corners, ready to be copied to the screen.
+// rounded corners, a fine edge and a soft shadow, ready to be copied to the screen.
 class PreviewScaler {
 public:
+    // What the shadow takes on each side, in device-independent pixels; it lies around `room`.
+    static constexpr int shadow = 5;
+
     // `scaled` is told on the main thread, never from inside; of several pictures of one id only
     // the last. `executor` must outlive this object.
     PreviewScaler(platform::Executor& executor,

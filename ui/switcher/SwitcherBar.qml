@@ -17,6 +17,7 @@ Rectangle {
     }
 
     color: Theme.window
+    radius: 14
     border.width: 1
     border.color: Theme.border
 
@@ -39,7 +40,7 @@ Rectangle {
         anchors.left: icon.right
         anchors.leftMargin: 10
         anchors.verticalCenter: field.verticalCenter
-        width: Math.min(implicitWidth, (drill.visible ? 0.5 : 1) * (field.x - x - 16))
+        width: Math.min(implicitWidth, (headline.visible ? 0.5 : 1) * (field.x - x - 16))
         text: root.bar.appName
         textFormat: Text.PlainText
         maximumLineCount: 1
@@ -55,7 +56,7 @@ Rectangle {
     Symbol {
         id: arrow
 
-        visible: drill.visible
+        visible: headline.visible
         anchors.left: appName.right
         anchors.leftMargin: 6
         anchors.verticalCenter: field.verticalCenter
@@ -65,20 +66,20 @@ Rectangle {
     }
 
     Text {
-        id: drill
+        id: headline
 
-        objectName: "drillName"
-        visible: root.bar.level === "tabs" && root.bar.drillName !== ""
+        objectName: "headline"
+        visible: text !== ""
         anchors.left: arrow.right
         anchors.leftMargin: 6
         anchors.right: field.left
         anchors.rightMargin: 16
         anchors.verticalCenter: field.verticalCenter
         horizontalAlignment: Text.AlignLeft
-        text: root.bar.drillName
+        text: root.bar.headline
         textFormat: Text.PlainText
         maximumLineCount: 1
-        elide: Text.ElideRight
+        elide: Text.ElideMiddle
         color: Theme.secondaryText
         font.pixelSize: Theme.textSize
     }
@@ -109,7 +110,6 @@ Rectangle {
         WindowCards {
             objectName: "cards"
             anchors.centerIn: parent
-            height: parent.height + gap // half of it lies around the outermost
             visible: root.bar.level === "windows"
             bar: root.bar
         }
@@ -117,7 +117,6 @@ Rectangle {
         FlowChips {
             objectName: "chips"
             anchors.centerIn: parent
-            height: parent.height + gap // half of it lies around the outermost
             visible: root.bar.level === "tabs"
             bar: root.bar
         }

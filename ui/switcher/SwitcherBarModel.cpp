@@ -6,6 +6,7 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 namespace skipnest::ui {
@@ -60,6 +61,21 @@ QString SwitcherBarModel::level() const {
     Q_UNREACHABLE();
 }
 
+QString SwitcherBarModel::headline() const {
+    switch (content().level) {
+    case Level::windows: {
+        const auto& rows = windows_.rows();
+        const auto selected = static_cast<std::size_t>(selectedWindow());
+        return selected < rows.size() ? rows[selected].title : QString();
+    }
+    case Level::tabs:
+        return drillName_;
+    case Level::search:
+        return {};
+    }
+    Q_UNREACHABLE();
+}
+
 bool SwitcherBarModel::isNothingFound() const {
     return content().level == Level::search && content().results.empty();
 }
@@ -88,6 +104,9 @@ void SwitcherBarModel::takeLayout() {
     layout_ = layoutBar(needs, layout_.size);
     QRect frame(QPoint(), layout_.size);
     frame.moveCenter(area_.center());
+    // What it says at its top stays where the eye has found it.
+    if (isSettled_)
+        frame.moveTop(std::min(frame_.top(), area_.bottom() - frame.height()));
     if (std::exchange(frame_, frame) != frame)
         Q_EMIT frameChanged();
 }
@@ -97,17 +116,21 @@ void SwitcherBarModel::takeRows() {
     std::vector<WindowRow> windows;
     windows.reserve(now.windows.size());
     for (const auto& window : now.windows) {
-        const QString name = plainLine(window.title);
+        const QString name = boundedTitle(plainLine(window.title));
         windows.push_back({static_cast<int>(windows.size()), name, shortTitle(name, appName_),
                            window.fallbackIcon, window.tabCount.value_or(-1), window.isFocused});
     }
     windows_.setRows(windows);
 
+    // Pages may have none.
+    const auto titleOf = [](const QString& title) {
+        const QString line = boundedTitle(plainLine(title));
+        return line.isEmpty() ? tr("Untitled") : line;
+    };
     std::vector<TabRow> tabs;
     tabs.reserve(now.tabs.size());
     for (const auto& tab : now.tabs)
-        tabs.push_back(
-            {static_cast<int>(tabs.size()), plainLine(tab.title), plainLine(tab.letter)});
+        tabs.push_back({static_cast<int>(tabs.size()), titleOf(tab.title), plainLine(tab.letter)});
     tabs_.setRows(tabs);
 
     std::vector<FoundRow> found;
@@ -115,11 +138,13 @@ void SwitcherBarModel::takeRows() {
     const QString query = plainLine(now.query);
     for (const auto& result : now.results) {
         const QString name = plainLine(result.title);
-        const QString window = plainLine(result.winName);
+        const QString window = boundedTitle(plainLine(result.winName));
         found.push_back(
-            {static_cast<int>(found.size()), name, markedMatch(shortTitle(name, appName_), query),
+            {static_cast<int>(found.size()), titleOf(name),
+             name.isEmpty() ? titleOf(name) : markedMatch(shortTitle(name, appName_), query),
              markedMatch(plainLine(result.domain), query),
-             window == name ? QString() : shortTitle(window, appName_), plainLine(result.letter)});
+             window == boundedTitle(name) ? QString() : shortTitle(window, appName_),
+             plainLine(result.letter)});
     }
     results_.setRows(found);
 }

@@ -29,7 +29,10 @@ class SwitcherBarModel final : public QObject {
     Q_PROPERTY(bool pinned READ isPinned NOTIFY changed)
     Q_PROPERTY(QString appName READ appName NOTIFY changed)
     Q_PROPERTY(QString appIcon READ appIcon NOTIFY changed)
+    // Of the window whose tabs are shown.
     Q_PROPERTY(QString drillName READ drillName NOTIFY changed)
+    // The window that is chosen, or whose tabs are shown; a card has less room for its title.
+    Q_PROPERTY(QString headline READ headline NOTIFY changed)
     Q_PROPERTY(QString query READ query NOTIFY changed)
     Q_PROPERTY(bool nothingFound READ isNothingFound NOTIFY changed)
     Q_PROPERTY(int windowCount READ windowCount NOTIFY changed)
@@ -67,6 +70,7 @@ public:
     [[nodiscard]] const QString& appName() const { return appName_; }
     [[nodiscard]] const QString& appIcon() const { return content().appIcon; }
     [[nodiscard]] const QString& drillName() const { return drillName_; }
+    [[nodiscard]] QString headline() const;
     [[nodiscard]] const QString& query() const { return content().query; }
     [[nodiscard]] bool isNothingFound() const;
     [[nodiscard]] int windowCount() const { return windows_.rowCount(); }

@@ -8,7 +8,26 @@
 #include <QQuickView>
 #include <QScreen>
 
+#include <cmath>
+
 namespace skipnest::ui {
+namespace {
+
+// Without a compositor a window is either there or not: its corners are cut out pixel by pixel.
+QRegion rounded(const QSize& size, int radius) {
+    QRegion region(QRect({}, size).adjusted(0, radius, 0, -radius));
+    for (int y = 0; y < radius; ++y) {
+        const double down = radius - y - 0.5;
+        const int inset =
+            radius - static_cast<int>(std::lround(std::sqrt(radius * radius - down * down)));
+        const int width = size.width() - 2 * inset;
+        region += QRect(inset, y, width, 1);
+        region += QRect(inset, size.height() - 1 - y, width, 1);
+    }
+    return region;
+}
+
+} // namespace
 
 SwitcherBarWindow::SwitcherBarWindow(QQmlEngine& engine, switcher::SwitcherModel& model,
                                      platform::Executor& executor)
@@ -44,7 +63,10 @@ void SwitcherBarWindow::hide() {
 }
 
 void SwitcherBarWindow::place() {
-    view_->setGeometry(model_.frame());
+    const QRect& frame = model_.frame();
+    if (frame.size() != view_->mask().boundingRect().size())
+        view_->setMask(rounded(frame.size(), BarLayout::cornerRadius));
+    view_->setGeometry(frame);
 }
 
 } // namespace skipnest::ui

@@ -60,15 +60,17 @@ Item {
 
                 objectName: "preview"
                 anchors.fill: parent
+                anchors.margins: -5 // its shadow
                 picture: card.picture // qmllint disable type
             }
 
             Rectangle {
                 objectName: "inFront"
                 visible: card.isFocused
-                x: 6
-                y: 6
-                width: front.implicitWidth + 12
+                anchors.left: parent.left
+                anchors.bottom: parent.bottom
+                anchors.margins: 6
+                width: front.implicitWidth + 14
                 height: 20
                 radius: 10
                 color: Theme.window
@@ -122,10 +124,10 @@ Item {
             text: card.title
             textFormat: Text.PlainText
             maximumLineCount: 1
-            elide: Text.ElideMiddle
-            color: Theme.text
+            // Of a path the end tells it from the others.
+            elide: card.title.startsWith("/") || card.title.startsWith("~/") ? Text.ElideLeft : Text.ElideMiddle
+            color: card.isCurrent ? Theme.text : Theme.secondaryText
             font.pixelSize: 13
-            font.bold: card.isCurrent
         }
     }
 }

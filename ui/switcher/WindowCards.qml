@@ -9,7 +9,11 @@ GridView {
     required property SwitcherBarModel bar
     readonly property int gap: 12
 
+    // Half a gap lies around the outermost; a row that is cut off would not be legible.
+    readonly property int room: parent.height + gap
+
     width: bar.cardColumns * cellWidth
+    height: contentHeight > room ? Math.max(1, Math.floor(room / cellHeight)) * cellHeight : room
     cellWidth: bar.cardWidth + gap
     cellHeight: bar.cardHeight + gap
     cacheBuffer: 0
@@ -18,7 +22,7 @@ GridView {
     keyNavigationEnabled: false
     model: bar.windows
     currentIndex: bar.selectedWindow
-    highlightMoveDuration: Theme.moves && bar.settled ? 110 : 0
+    highlightMoveDuration: Theme.moves && bar.settled && visible ? 110 : 0
     highlight: SelectionRing {
         gap: 12
     }
@@ -44,7 +48,7 @@ GridView {
     MouseArea {
         parent: grid.contentItem
         anchors.fill: parent
-        z: 2
+        z: 3
         hoverEnabled: true
         onClicked: mouse => grid.bar.pickWindow(grid.indexAt(mouse.x, mouse.y))
         onPositionChanged: mouse => {
@@ -55,6 +59,8 @@ GridView {
 
     ScrollMark {
         flickable: grid
-        anchors.rightMargin: 0
+        parent: grid.parent
+        anchors.rightMargin: -12
+        visible: grid.visible && grid.contentHeight > grid.height
     }
 }
