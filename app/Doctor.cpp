@@ -6,6 +6,7 @@
 #include "model/StorageService.h"
 #include "platform/Accessibility.h"
 #include "platform/BrowserExtensions.h"
+#include "platform/ContactStore.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
@@ -14,6 +15,7 @@
 #include "platform/HotkeyBackend.h"
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardCapture.h"
+#include "platform/LanguageModel.h"
 #include "platform/LoginItem.h"
 #include "platform/ScreenCapture.h"
 #include "platform/ScriptRunner.h"
@@ -125,6 +127,8 @@ std::vector<DoctorRow> doctorRows(const platform::Backend& backend) {
         {QStringLiteral("debug hooks"), ports.distributedNotifications.availability()},
         {QStringLiteral("program's place"), locationRow(ports.app)},
         {QStringLiteral("web service"), serviceRow(ports)},
+        {QStringLiteral("language model"), ports.languageModel.availability()},
+        {QStringLiteral("contacts"), ports.contacts.availability()},
         {QStringLiteral("crash capture"), ports.crashCapture.availability()},
     };
     addBrowserRows(rows, ports.browserExtensions);

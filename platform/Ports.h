@@ -10,6 +10,7 @@ class Alerts;
 class ApplicationControl;
 class Bookmarks;
 class BrowserExtensions;
+class ContactStore;
 class CrashCapture;
 class DesktopShortcuts;
 class Diagnostics;
@@ -24,6 +25,7 @@ class InstanceLock;
 class KeyboardCapture;
 class KeyboardLayout;
 class KeyEvents;
+class LanguageModel;
 class LoginItem;
 class PanelHost;
 class PeerCredentials;
@@ -76,6 +78,8 @@ struct Ports {
     ScreenCapture& screenCapture;
     PointerEvents& pointer;
     BrowserExtensions& browserExtensions;
+    LanguageModel& languageModel;
+    ContactStore& contacts;
 };
 
 } // namespace skipnest::platform

@@ -75,6 +75,25 @@ HttpExchange UnavailableHttpClient::send(const HttpRequest&, Completion completi
     return HttpExchange([wanted] { *wanted = false; });
 }
 
+ModelRequest UnavailableLanguageModel::respond(const ModelTask&, const QString&, Duration,
+                                               Completion completion) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([completion = std::move(completion), wanted, why = failure(why_)] {
+        if (*wanted)
+            completion(why);
+    });
+    return ModelRequest([wanted] { *wanted = false; });
+}
+
+ContactFetch UnavailableContactStore::fetch(Fetched fetched) {
+    auto wanted = std::make_shared<bool>(true);
+    scheduler_.post([fetched = std::move(fetched), wanted] {
+        if (*wanted)
+            fetched({});
+    });
+    return ContactFetch([wanted] { *wanted = false; });
+}
+
 Outcome UnavailableCrashCapture::install(const QString&) {
     return failure(why_);
 }

@@ -3,6 +3,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/BrowserExtensions.h"
+#include "platform/ContactStore.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/DistributedNotifications.h"
@@ -10,6 +11,7 @@
 #include "platform/HttpClient.h"
 #include "platform/IconSource.h"
 #include "platform/KeyboardCapture.h"
+#include "platform/LanguageModel.h"
 #include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
 #include "platform/PointerEvents.h"
@@ -212,6 +214,34 @@ public:
         : scheduler_(scheduler), why_(std::move(why)) {}
     [[nodiscard]] Availability availability() const override { return why_; }
     [[nodiscard]] HttpExchange send(const HttpRequest& request, Completion completion) override;
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+class UnavailableLanguageModel final : public LanguageModel {
+public:
+    UnavailableLanguageModel(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] ModelRequest respond(const ModelTask& task, const QString& prompt,
+                                       Duration deadline, Completion completion) override;
+    void warm(const ModelTask&) override {}
+
+private:
+    Scheduler& scheduler_;
+    Availability why_;
+};
+
+// Nobody is in it.
+class UnavailableContactStore final : public ContactStore {
+public:
+    UnavailableContactStore(Scheduler& scheduler, Availability why)
+        : scheduler_(scheduler), why_(std::move(why)) {}
+    [[nodiscard]] Availability availability() const override { return why_; }
+    [[nodiscard]] Authorization authorization() const override { return Authorization::denied; }
+    [[nodiscard]] ContactFetch fetch(Fetched fetched) override;
 
 private:
     Scheduler& scheduler_;

@@ -2,6 +2,7 @@
 #include "platform/linux/LinuxBackend.h"
 
 #include "platform/DebugLogFile.h"
+#include "platform/EndpointLanguageModel.h"
 #include "platform/JsonDefaults.h"
 #include "platform/QtExecutor.h"
 #include "platform/QtHttpClient.h"
@@ -27,6 +28,7 @@
 #include "platform/linux/X11PointerEvents.h"
 #include "platform/linux/browser/ExtensionTabs.h"
 #include "platform/linux/browser/LinuxBrowserExtensions.h"
+#include "platform/linux/contacts/LinuxContactStore.h"
 #include "platform/linux/crash/AlternateStack.h"
 #include "platform/linux/crash/LinuxCrashCapture.h"
 #include "platform/linux/index/LinuxFileIndex.h"
@@ -61,7 +63,11 @@ struct Services {
           servicesMenu(files, app,
                        baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share"),
                        baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config")),
-          http(scheduler, executor, app.version), screenCapture(scheduler, {}) {}
+          http(scheduler, executor, app.version), languageModel(http, defaults, scheduler),
+          contacts(executor, defaults,
+                   {app.home, baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config"),
+                    baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share")}),
+          screenCapture(scheduler, {}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -77,6 +83,8 @@ struct Services {
     DetachedProcesses processes;
     DBusNotifications distributedNotifications;
     platform::QtHttpClient http;
+    platform::EndpointLanguageModel languageModel;
+    LinuxContactStore contacts;
     std::unique_ptr<platform::CrashCapture> crashCapture = makeCrashCapture();
     platform::UnavailableScreenCapture screenCapture;
     platform::UnavailablePointerEvents pointer;
@@ -169,7 +177,9 @@ private:
                  applications_.accessibility,
                  screenCapture_,
                  pointer_,
-                 browserExtensions_} {}
+                 browserExtensions_,
+                 services_->languageModel,
+                 services_->contacts} {}
 
     std::unique_ptr<Services> services_;
     std::unique_ptr<X11Display> display_;
@@ -232,7 +242,9 @@ public:
                  accessibility_,
                  services_.screenCapture,
                  services_.pointer,
-                 browserExtensions_} {}
+                 browserExtensions_,
+                 services_.languageModel,
+                 services_.contacts} {}
 
     [[nodiscard]] const platform::Ports& ports() const override { return ports_; }
     [[nodiscard]] QString session() const override {

@@ -45,6 +45,8 @@ MacDesktop::MacDesktop(SystemBridges bridges)
       processes_(notWritten(QStringLiteral("Moving the program"))),
       distributedNotifications_(notWritten(QStringLiteral("Debug hooks"))),
       http_(scheduler_, notWritten(QStringLiteral("The web service"))),
+      languageModel_(scheduler_, notWritten(QStringLiteral("Asking a language model"))),
+      contacts_(scheduler_, notWritten(QStringLiteral("Looking up contacts"))),
       crashCapture_(notWritten(QStringLiteral("Recording a crash"))),
       accessibility_(notWritten(QStringLiteral("Reading other programs' windows"))),
       screenCapture_(scheduler_, notWritten(QStringLiteral("Taking pictures of windows"))) {
@@ -85,7 +87,9 @@ platform::Ports MacDesktop::ports() {
             .accessibility = accessibility_,
             .screenCapture = screenCapture_,
             .pointer = pointer_,
-            .browserExtensions = browserExtensions_};
+            .browserExtensions = browserExtensions_,
+            .languageModel = languageModel_,
+            .contacts = contacts_};
 }
 
 } // namespace skipnest::macos

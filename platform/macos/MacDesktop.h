@@ -63,6 +63,8 @@ private:
     platform::UnavailableProcessLauncher processes_;
     platform::UnavailableNotifications distributedNotifications_;
     platform::UnavailableHttpClient http_;
+    platform::UnavailableLanguageModel languageModel_;
+    platform::UnavailableContactStore contacts_;
     platform::UnavailableCrashCapture crashCapture_;
     platform::UnavailableAccessibility accessibility_;
     platform::UnavailableScreenCapture screenCapture_;

@@ -80,6 +80,7 @@ SimDesktop::SimDesktop()
       bookmarks_(files_), alerts_(scheduler_, journal_), instances_(journal_),
       keyboardCapture_(scheduler_), desktopShortcuts_(scheduler_), fileIndex_(scheduler_),
       panels_(journal_), loginItem_(journal_), processes_(journal_), http_(scheduler_, journal_),
+      languageModel_(scheduler_, journal_), contacts_(scheduler_),
       accessibility_(journal_, applications_), screenCapture_(scheduler_, journal_, applications_),
       ports_{.app = stageInfo(),
              .scheduler = scheduler_,
@@ -114,7 +115,9 @@ SimDesktop::SimDesktop()
              .accessibility = accessibility_,
              .screenCapture = screenCapture_,
              .pointer = pointer_,
-             .browserExtensions = browserExtensions_} {
+             .browserExtensions = browserExtensions_,
+             .languageModel = languageModel_,
+             .contacts = contacts_} {
     for (const QString& folder :
          {u"Downloads"_s, u"Documents"_s, u"Desktop"_s, u"Pictures"_s, u"Movies"_s, u"Music"_s})
         (void)files_.createFolder(ports_.app.home + u'/' + folder);

@@ -12,12 +12,14 @@
 #include "platform/sim/SimApplications.h"
 #include "platform/sim/SimBookmarks.h"
 #include "platform/sim/SimBrowserExtensions.h"
+#include "platform/sim/SimContactStore.h"
 #include "platform/sim/SimFileIndex.h"
 #include "platform/sim/SimHotkeys.h"
 #include "platform/sim/SimHttp.h"
 #include "platform/sim/SimInstances.h"
 #include "platform/sim/SimKeyEvents.h"
 #include "platform/sim/SimKeyboardCapture.h"
+#include "platform/sim/SimLanguageModel.h"
 #include "platform/sim/SimPointerEvents.h"
 #include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScripts.h"
@@ -148,6 +150,8 @@ public:
         return distributedNotifications_;
     }
     [[nodiscard]] SimHttp& http() { return http_; }
+    [[nodiscard]] SimLanguageModel& languageModel() { return languageModel_; }
+    [[nodiscard]] SimContactStore& contacts() { return contacts_; }
     [[nodiscard]] SimCrashCapture& crashCapture() { return crashCapture_; }
     [[nodiscard]] const platform::AppInfo& appInfo() const { return ports_.app; }
 
@@ -178,6 +182,8 @@ private:
     SimProcessLauncher processes_;
     SimDistributedNotifications distributedNotifications_;
     SimHttp http_;
+    SimLanguageModel languageModel_;
+    SimContactStore contacts_;
     SimCrashCapture crashCapture_;
     SimAccessibility accessibility_;
     SimScreenCapture screenCapture_;
