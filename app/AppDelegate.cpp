@@ -10,6 +10,7 @@
 #include "platform/PanelHost.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
+#include "platform/UserDefaults.h"
 
 #include <QCoreApplication>
 #include <QStringBuilder>
@@ -163,10 +164,24 @@ void AppDelegate::showPopoverAfterStart() {
         shell_->showPopover();
 }
 
+void AppDelegate::setWindowPreviews(bool wanted) {
+    if (const auto stored = ports_.defaults.setValue(QStringLiteral("sk.windowPreviews"), wanted);
+        !stored)
+        ports_.diagnostics.log(u"settings: sk.windowPreviews holds until the end of this run, " %
+                               stored.failure().detail);
+    applyWindowPreviews(viewModel_->config().windowSwitcherOrDefault());
+}
+
+// Without a bar to show them in, the system is to keep no picture of any window.
+void AppDelegate::applyWindowPreviews(bool isSwitching) {
+    switcher_.setPreviews(isSwitching &&
+                          ports_.defaults.value(QStringLiteral("sk.windowPreviews")).toBool(true));
+}
+
 void AppDelegate::settingsApplied(const AppConfiguration& configuration) {
     const bool isSwitching = configuration.windowSwitcherOrDefault();
     jumps_.setSwitches({isSwitching, configuration.browserTabSwitchingOrDefault()});
-    switcher_.setPreviews(isSwitching);
+    applyWindowPreviews(isSwitching);
     if (!isSwitching)
         switcher_.dismiss();
     webClients_.settingsApplied(configuration.crashReportsOrDefault(),

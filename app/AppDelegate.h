@@ -74,6 +74,8 @@ public:
     [[nodiscard]] model::ShortcutListViewModel& viewModel() { return *viewModel_; }
     [[nodiscard]] model::ShortcutTransfer& transfer() { return *transfer_; }
     [[nodiscard]] MenuBarShell& shell() { return *shell_; }
+    // Whether the switcher's cards show what is in the windows; kept under "sk.windowPreviews".
+    void setWindowPreviews(bool wanted);
 
 private:
     class Counter;
@@ -84,6 +86,7 @@ private:
     void createShell();
     void rebuildHotkeys(const model::AppConfiguration& configuration);
     void settingsApplied(const model::AppConfiguration& configuration);
+    void applyWindowPreviews(bool isSwitching);
     void setLaunchAtLogin(bool wanted);
     void checkForUpdates();
     void updatesChecked(services::UpdateChecker::Outcome outcome);
@@ -107,10 +110,10 @@ private:
     std::unique_ptr<model::ShortcutTransfer> transfer_;
     std::unique_ptr<MenuBarShell> shell_;
     SwitcherHooks switcherHooks_;
+    BrowserPrompt browserPrompt_;
     DebugHooks debugHooks_;
     std::optional<bool> launchAtLogin_; // as last applied
     bool isAnswerAwaited_ = false;      // the person asked for updates
-    BrowserPrompt browserPrompt_;
     QObject context_;                   // connections end with the delegate
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -89,7 +89,7 @@ struct AppConfiguration {
     [[nodiscard]] QString voiceLanguageOrDefault() const {
         return voiceLanguage.value_or(QString());
     }
-    [[nodiscard]] bool voiceCleanupOrDefault() const { return voiceCleanup.value_or(true); }
+    [[nodiscard]] bool voiceCleanupOrDefault() const { return voiceCleanup.value_or(false); }
     // "command", "option", "shift" or "off"; any other text counts as "command".
     [[nodiscard]] QString voiceTriggerOrDefault() const {
         return voiceTrigger.value_or(QStringLiteral("command"));

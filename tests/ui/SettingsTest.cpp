@@ -126,15 +126,16 @@ TEST_P(Changed, settingIsWrittenAndLeavesTheDocumentAgain) {
 
 INSTANTIATE_TEST_SUITE_P(
     , Changed,
-    testing::Values(
-        Change{u"themeRaw"_s, 1, u"dark"_s}, Change{u"menuBarIconName"_s, 2, u"bolt"_s},
-        Change{u"launchAtLogin"_s, true, true}, Change{u"shiftToHide"_s, false, false},
-        Change{u"hideModifierRaw"_s, 3, 1}, Change{u"windowCycling"_s, true, true},
-        Change{u"windowSwitcher"_s, false, false}, Change{u"preciseWindowSwitching"_s, true, true},
-        Change{u"browserTabSwitching"_s, false, false}, Change{u"quickCapture"_s, false, false},
-        Change{u"voiceSearch"_s, false, false}, Change{u"voiceTrigger"_s, 3, u"off"_s},
-        Change{u"voiceLanguage"_s, 1, u"de-DE"_s}, Change{u"voiceCleanup"_s, false, false},
-        Change{u"crashReports"_s, true, true}));
+    testing::Values(Change{u"themeRaw"_s, 1, u"dark"_s}, Change{u"menuBarIconName"_s, 2, u"bolt"_s},
+                    Change{u"launchAtLogin"_s, true, true}, Change{u"shiftToHide"_s, false, false},
+                    Change{u"hideModifierRaw"_s, 3, 1}, Change{u"windowCycling"_s, true, true},
+                    Change{u"windowSwitcher"_s, false, false},
+                    Change{u"preciseWindowSwitching"_s, true, true},
+                    Change{u"browserTabSwitching"_s, false, false},
+                    Change{u"quickCapture"_s, false, false}, Change{u"voiceSearch"_s, false, false},
+                    Change{u"voiceTrigger"_s, 3, u"off"_s},
+                    Change{u"voiceLanguage"_s, 1, u"de-DE"_s},
+                    Change{u"voiceCleanup"_s, true, true}, Change{u"crashReports"_s, true, true}));
 
 TEST_F(SettingsTest, anOptionThatDoesNotExistChangesNothing) {
     start();
@@ -253,6 +254,53 @@ TEST_F(SettingsTest, agreeingToPingsSendsWhatWaitedAndResettingEndsIt) {
     alone.desk().setServiceAddress({});
     alone.launch();
     EXPECT_NE(privacyNote(alone), QString());
+}
+
+TEST_F(SettingsTest, noPictureIsTakenOfWindowsOnceTheyAreSwitchedOff) {
+    start();
+    const sim::SimScreenCapture& capture = stage_.desk().screenCapture();
+    EXPECT_TRUE(capture.isEnabled());
+    settings().setOn(u"sk.windowPreviews"_s, false);
+    EXPECT_FALSE(capture.isEnabled());
+    settings().choose(u"themeRaw"_s, 1); // another setting leaves it so
+    EXPECT_FALSE(capture.isEnabled());
+    settings().reset(u"sk.windowPreviews"_s);
+    EXPECT_TRUE(capture.isEnabled());
+    EXPECT_TRUE(stage_.desk().defaults().value(u"sk.windowPreviews"_s).isUndefined());
+    settings().setOn(u"windowSwitcher"_s, false);
+    EXPECT_FALSE(capture.isEnabled());
+}
+
+TEST_F(SettingsTest, whereTheLanguageModelIsAndWhatIsWrongWithTheAddress) {
+    start();
+    const auto kept = [this](const QString& key) { return stage_.desk().defaults().value(key); };
+    const QString endpoint = u"sk.languageModel.endpoint"_s;
+    EXPECT_EQ(shownText(endpoint + u"Note"_s), QString());
+    settings().setText(endpoint, u" http://models.example.org:8080 "_s);
+    EXPECT_EQ(kept(endpoint), u"http://models.example.org:8080"_s);
+    stage_.settle();
+    EXPECT_NE(shownText(endpoint + u"Note"_s), QString());
+    stage_.desk().languageModel().setAvailable(true);
+    settings().setText(endpoint, u"http://127.0.0.1:8080"_s);
+    stage_.settle();
+    EXPECT_EQ(shownText(endpoint + u"Note"_s), QString());
+    EXPECT_EQ(shownText(endpoint), u"http://127.0.0.1:8080"_s);
+    settings().setText(endpoint, u"  "_s);
+    EXPECT_TRUE(kept(endpoint).isUndefined());
+
+    const QString deadline = u"sk.languageModel.deadline"_s;
+    settings().choose(deadline, 4);
+    EXPECT_EQ(kept(deadline), 5.0);
+    settings().choose(deadline, 9);
+    EXPECT_EQ(kept(deadline), 5.0);
+    settings().reset(deadline);
+    EXPECT_TRUE(kept(deadline).isUndefined());
+
+    const QString folders = u"sk.contacts.folders"_s;
+    settings().setText(folders, u"~/People::/mnt/Jörg's"_s);
+    EXPECT_EQ(kept(folders), (QJsonArray{u"~/People"_s, u"/mnt/Jörg's"_s}));
+    stage_.settle();
+    EXPECT_EQ(shownText(folders), u"~/People:/mnt/Jörg's"_s);
 }
 
 TEST_F(SettingsTest, lessMotionStillsTheViews) {

@@ -4,14 +4,17 @@
 #include "app/Doctor.h"
 #include "platform/Accessibility.h"
 #include "platform/BrowserExtensions.h"
+#include "platform/ContactStore.h"
 #include "platform/CrashCapture.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/FileIndex.h"
 #include "platform/HotkeyBackend.h"
 #include "platform/KeyEvents.h"
 #include "platform/KeyboardCapture.h"
+#include "platform/LanguageModel.h"
 #include "platform/LoginItem.h"
 #include "platform/Ports.h"
+#include "platform/ScreenCapture.h"
 #include "platform/ScriptRunner.h"
 #include "platform/ServicesMenu.h"
 #include "platform/StatusItem.h"
@@ -32,6 +35,8 @@ void AvailabilityRows::update() {
         {tr("The desktop's own keys"), ports_.desktopShortcuts.availability()},
         {tr("Key gestures"), ports_.keyEvents.availability()},
         {tr("Applications"), ports_.workspace.availability()},
+        {tr("Windows of programs"), ports_.accessibility.availability()},
+        {tr("Pictures of windows"), ports_.screenCapture.availability()},
         {tr("Stepping through windows"), ports_.scripts.availability()},
         {tr("Search for targets"), ports_.fileIndex.availability()},
         {tr("Icon in the menu bar or tray"), ports_.statusItem.availability()},
@@ -40,6 +45,8 @@ void AvailabilityRows::update() {
         {tr("Web service"),
          platform::WebService(ports_.http, ports_.scheduler, ports_.app.serviceAddress)
              .availability()},
+        {tr("Language model"), ports_.languageModel.availability()},
+        {tr("Contacts"), ports_.contacts.availability()},
         {tr("Recording a crash"), ports_.crashCapture.availability()},
     };
     for (const auto& browser : ports_.browserExtensions.browsers())

@@ -21,6 +21,8 @@ ColumnLayout {
     required property var symbols
     required property int current
     required property bool canReset
+    required property string text
+    required property string example
 
     spacing: 6
 
@@ -70,6 +72,8 @@ ColumnLayout {
                 return dropDown;
             case "combo":
                 return combo;
+            case "text":
+                return line;
             default:
                 return words;
             }
@@ -145,6 +149,30 @@ ColumnLayout {
             options: row.options
             current: row.current
             onChosen: index => row.settings.choose(row.name, index)
+        }
+    }
+
+    Component {
+        id: line
+
+        TextBox {
+            id: lineBox
+
+            function keep() {
+                if (lineBox.text !== row.text)
+                    row.settings.setText(row.name, lineBox.text);
+            }
+
+            objectName: row.name
+            name: row.title
+            placeholder: row.example
+            maximumLength: 2000
+            text: row.text
+            onAccepted: lineBox.keep()
+            onActiveFocusChanged: {
+                if (!lineBox.activeFocus)
+                    lineBox.keep();
+            }
         }
     }
 

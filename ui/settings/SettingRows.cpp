@@ -73,6 +73,10 @@ QVariant SettingRows::data(const QModelIndex& index, int role) const {
         return row.current;
     case comboKeysRole:
         return row.comboKeys;
+    case textRole:
+        return row.text;
+    case exampleRole:
+        return row.example;
     case canResetRole:
         return row.canReset;
     default:
@@ -92,6 +96,8 @@ QHash<int, QByteArray> SettingRows::roleNames() const {
             {symbolsRole, "symbols"},
             {currentRole, "current"},
             {comboKeysRole, "comboKeys"},
+            {textRole, "text"},
+            {exampleRole, "example"},
             {canResetRole, "canReset"}};
 }
 

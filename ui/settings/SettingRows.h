@@ -47,6 +47,8 @@ private:
         symbolsRole,
         currentRole,
         comboKeysRole,
+        textRole,
+        exampleRole,
         canResetRole,
     };
 

@@ -7,6 +7,7 @@
 #include "ui/ComboWording.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
 #include <QJsonValue>
 #include <QStringBuilder>
 
@@ -18,6 +19,8 @@ using model::AppConfiguration;
 using platform::Availability;
 
 namespace {
+
+constexpr QChar pathSeparator = u':';
 
 QString text(const char* source) {
     return QCoreApplication::translate("Settings", source);
@@ -74,6 +77,25 @@ struct Reading {
         state.isOn = stored.toBool(whenAbsent);
         state.canReset = !stored.isUndefined();
         state.defaultText = defaultOf(onOrOff(whenAbsent));
+    }
+    void operator()(const DefaultsText& setting) const {
+        const QJsonValue stored = agent.ports().defaults.value(state.name);
+        state.control = QStringLiteral("text");
+        state.text = setting.form == DefaultsText::Form::paths
+                         ? stored.toVariant().toStringList().join(pathSeparator)
+                         : stored.toString();
+        state.example = QString::fromLatin1(setting.example);
+    }
+    void operator()(const DefaultsNumber& setting) const {
+        const QJsonValue stored = agent.ports().defaults.value(state.name);
+        state.control = QStringLiteral("bar");
+        for (const double option : setting.options)
+            state.options.append(setting.title(option));
+        const auto found = std::ranges::find(setting.options, stored.toDouble(setting.whenAbsent));
+        if (found != setting.options.end())
+            state.current = static_cast<int>(found - setting.options.begin());
+        state.canReset = !stored.isUndefined();
+        state.defaultText = defaultOf(setting.title(setting.whenAbsent));
     }
     void operator()(const ChoiceSetting& setting) const {
         switch (setting.look) {
@@ -143,6 +165,11 @@ void switchSetting(const Setting& setting, bool on, app::AppDelegate& agent) {
 }
 
 void chooseSetting(const Setting& setting, int option, app::AppDelegate& agent) {
+    if (const auto* number = std::get_if<DefaultsNumber>(&setting.binding)) {
+        if (option >= 0 && option < std::ssize(number->options))
+            setDefault(setting, number->options[static_cast<std::size_t>(option)], agent);
+        return;
+    }
     const auto* choice = std::get_if<ChoiceSetting>(&setting.binding);
     if (choice == nullptr)
         return;
@@ -151,6 +178,19 @@ void chooseSetting(const Setting& setting, int option, app::AppDelegate& agent) 
         return;
     const QString raw = options[static_cast<std::size_t>(option)].raw;
     agent.viewModel().changeSettings([&](AppConfiguration& c) { choice->store(c, raw); });
+}
+
+void setTextSetting(const Setting& setting, const QString& text, app::AppDelegate& agent) {
+    const auto* binding = std::get_if<DefaultsText>(&setting.binding);
+    if (binding == nullptr)
+        return;
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return setDefault(setting, QJsonValue::Undefined, agent);
+    if (binding->form == DefaultsText::Form::line)
+        return setDefault(setting, trimmed, agent);
+    setDefault(setting,
+               QJsonArray::fromStringList(trimmed.split(pathSeparator, Qt::SkipEmptyParts)), agent);
 }
 
 void setComboSetting(const Setting& setting, const model::KeyCombo& combo,
@@ -163,7 +203,9 @@ void resetSetting(const Setting& setting, app::AppDelegate& agent) {
     if (const auto* onOff = std::get_if<DefaultsSwitch>(&setting.binding);
         onOff != nullptr && hasOwner(setting))
         onOff->answer(agent, onOff->whenAbsent(agent.ports().app));
-    if (std::holds_alternative<DefaultsSwitch>(setting.binding))
+    if (std::holds_alternative<DefaultsSwitch>(setting.binding) ||
+        std::holds_alternative<DefaultsText>(setting.binding) ||
+        std::holds_alternative<DefaultsNumber>(setting.binding))
         return setDefault(setting, QJsonValue::Undefined, agent);
     agent.viewModel().changeSettings([&setting](AppConfiguration& c) {
         if (const auto* onOff = std::get_if<SwitchSetting>(&setting.binding))

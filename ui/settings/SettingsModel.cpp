@@ -163,6 +163,11 @@ void SettingsModel::choose(const QString& setting, int option) {
         chooseSetting(*found, option, agent_);
 }
 
+void SettingsModel::setText(const QString& setting, const QString& text) {
+    if (const Setting* found = findSetting(setting))
+        setTextSetting(*found, text, agent_);
+}
+
 void SettingsModel::reset(const QString& setting) {
     if (const Setting* found = findSetting(setting))
         resetSetting(*found, agent_);

@@ -69,6 +69,7 @@ public:
 
     Q_INVOKABLE void setOn(const QString& setting, bool on);
     Q_INVOKABLE void choose(const QString& setting, int option);
+    Q_INVOKABLE void setText(const QString& setting, const QString& text);
     Q_INVOKABLE void reset(const QString& setting);
     // The recorder of a setting that is a combo; null for others.
     Q_INVOKABLE skipnest::ui::RecorderFace* recorder(const QString& setting) const;

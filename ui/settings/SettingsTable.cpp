@@ -2,10 +2,14 @@
 #include "ui/settings/SettingsTable.h"
 
 #include "app/AppDelegate.h"
+#include "platform/Accessibility.h"
 #include "platform/DesktopShortcuts.h"
 #include "platform/HotkeyBackend.h"
+#include "platform/LanguageModel.h"
+#include "platform/LanguageModelSettings.h"
 #include "platform/LoginItem.h"
 #include "platform/MenuBarIcons.h"
+#include "platform/ScreenCapture.h"
 #include "platform/ScriptRunner.h"
 #include "platform/StatusItem.h"
 #include "ui/ComboWording.h"
@@ -142,7 +146,28 @@ constexpr ChoiceSetting voiceLanguage{
 constexpr DefaultsSwitch comboGlyphs{
     [](const platform::AppInfo& app) { return app.modifierStyle == ModifierStyle::glyphs; }};
 
-constexpr DefaultsSwitch lessMotion{[](const platform::AppInfo&) { return false; }};
+constexpr DefaultsSwitch windowPreviews{
+    [](const platform::AppInfo&) { return true; },
+    [](app::AppDelegate& agent, bool on) { agent.setWindowPreviews(on); }};
+
+using ModelSettings = platform::LanguageModelSettings;
+
+constexpr double inSeconds(platform::Duration duration) {
+    return std::chrono::duration<double>(duration).count();
+}
+
+constexpr std::array deadlines{inSeconds(ModelSettings::shortestDeadline),
+                               1.0,
+                               inSeconds(ModelSettings::usualDeadline),
+                               3.0,
+                               5.0,
+                               inSeconds(ModelSettings::longestDeadline)};
+constexpr DefaultsNumber modelDeadline{
+    deadlines, inSeconds(ModelSettings::usualDeadline), [](double seconds) {
+        return QCoreApplication::translate("Settings", "%1 s").arg(QLocale().toString(seconds));
+    }};
+
+constexpr DefaultsSwitch off{[](const platform::AppInfo&) { return false; }};
 
 constexpr DefaultsSwitch pings{
     [](const platform::AppInfo&) { return false; },
@@ -160,6 +185,18 @@ platform::Availability hotkeys(const Ports& ports) {
 platform::Availability scripts(const Ports& ports) {
     return ports.scripts.availability();
 }
+platform::Availability accessibility(const Ports& ports) {
+    return ports.accessibility.availability();
+}
+platform::Availability screenCapture(const Ports& ports) {
+    return ports.screenCapture.availability();
+}
+// Without an address there is nothing to say: it is the person's to set one.
+platform::Availability languageModel(const Ports& ports) {
+    if (ModelSettings::read(ports.defaults).endpoint.isEmpty())
+        return {};
+    return ports.languageModel.availability();
+}
 
 using enum SettingSection;
 using Config = AppConfiguration;
@@ -167,8 +204,7 @@ using Config = AppConfiguration;
 constexpr auto sectionTable = std::to_array<SettingSectionInfo>({
     {general, QT_TRANSLATE_NOOP("Settings", "General"), SettingSectionInfo::Feature::here},
     {shortcuts, QT_TRANSLATE_NOOP("Settings", "Shortcuts"), SettingSectionInfo::Feature::here},
-    {switcher, QT_TRANSLATE_NOOP("Settings", "Window switcher"),
-     SettingSectionInfo::Feature::toCome},
+    {switcher, QT_TRANSLATE_NOOP("Settings", "Window switcher"), SettingSectionInfo::Feature::here},
     {capture, QT_TRANSLATE_NOOP("Settings", "Quick capture"), SettingSectionInfo::Feature::toCome},
     {voice, QT_TRANSLATE_NOOP("Settings", "Voice"), SettingSectionInfo::Feature::toCome},
     {privacy, QT_TRANSLATE_NOOP("Settings", "Privacy"), SettingSectionInfo::Feature::here},
@@ -187,7 +223,7 @@ constexpr auto settingTable = std::to_array<Setting>({
      QT_TRANSLATE_NOOP("Settings", "Keys are shown as glyphs in place of Ctrl, Alt, Shift, Super."),
      comboGlyphs},
     {"sk.lessMotion", general, QT_TRANSLATE_NOOP("Settings", "Less motion"),
-     QT_TRANSLATE_NOOP("Settings", "Nothing slides or fades; it is there at once."), lessMotion},
+     QT_TRANSLATE_NOOP("Settings", "Nothing slides or fades; it is there at once."), off},
 
     {"shiftToHide", shortcuts, QT_TRANSLATE_NOOP("Settings", "Hide with one more key"),
      QT_TRANSLATE_NOOP("Settings",
@@ -209,7 +245,12 @@ constexpr auto settingTable = std::to_array<Setting>({
     {"windowSwitcher", switcher, QT_TRANSLATE_NOOP("Settings", "Window switcher"),
      QT_TRANSLATE_NOOP("Settings",
                        "The shortcut of the application in front opens a bar with its windows."),
-     optionalSwitch<&Config::windowSwitcher, &Config::windowSwitcherOrDefault>()},
+     optionalSwitch<&Config::windowSwitcher, &Config::windowSwitcherOrDefault>(), &accessibility},
+    {"sk.windowPreviews", switcher, QT_TRANSLATE_NOOP("Settings", "Pictures of windows"),
+     QT_TRANSLATE_NOOP(
+         "Settings", "The bar shows what is in each window. Pictures stay in memory; switched off, "
+                     "none is taken."),
+     windowPreviews, &screenCapture},
     {"preciseWindowSwitching", switcher, QT_TRANSLATE_NOOP("Settings", "Precise switching"),
      QT_TRANSLATE_NOOP("Settings", "Takes a little longer to raise exactly the window chosen."),
      optionalSwitch<&Config::preciseWindowSwitching, &Config::preciseWindowSwitchingOrDefault>()},
@@ -241,6 +282,27 @@ constexpr auto settingTable = std::to_array<Setting>({
     {"vocabularyAliases", voice, QT_TRANSLATE_NOOP("Settings", "Heard and meant"),
      QT_TRANSLATE_NOOP("Settings", "What is often misheard, and what it is read as instead."),
      AliasesSetting{}},
+    {ModelSettings::endpointKey, voice, QT_TRANSLATE_NOOP("Settings", "Language model"),
+     QT_TRANSLATE_NOOP("Settings",
+                       "The address of a server on this computer that is asked what a phrase means "
+                       "(llama.cpp, Ollama). Empty: none is asked."),
+     DefaultsText{"http://127.0.0.1:8080"}, &languageModel},
+    {ModelSettings::nameKey, voice, QT_TRANSLATE_NOOP("Settings", "Name of the model"),
+     QT_TRANSLATE_NOOP("Settings", "For servers that have several."), DefaultsText{"qwen2.5:3b"}},
+    {ModelSettings::deadlineKey, voice, QT_TRANSLATE_NOOP("Settings", "Patience with the model"),
+     QT_TRANSLATE_NOOP("Settings", "After this long a phrase is understood without it."),
+     modelDeadline},
+    {ModelSettings::alwaysKey, voice, QT_TRANSLATE_NOOP("Settings", "Always ask the model"),
+     QT_TRANSLATE_NOOP("Settings", "Also about phrases whose meaning is plain."), off},
+    {ModelSettings::otherMachinesKey, voice,
+     QT_TRANSLATE_NOOP("Settings", "A model on another computer"),
+     QT_TRANSLATE_NOOP("Settings",
+                       "What you say is sent there. Off: only this computer is ever asked."),
+     off},
+    {"sk.contacts.folders", voice, QT_TRANSLATE_NOOP("Settings", "Folders with contacts"),
+     QT_TRANSLATE_NOOP("Settings",
+                       "Folders of vCard files besides the usual ones, with : between them."),
+     DefaultsText{"~/Contacts", DefaultsText::Form::paths}},
 
     {"crashReports", privacy, QT_TRANSLATE_NOOP("Settings", "Send crash reports"),
      QT_TRANSLATE_NOOP("Settings",

@@ -44,6 +44,23 @@ struct DefaultsSwitch {
     void (*answer)(app::AppDelegate&, bool on) = nullptr;
 };
 
+// A line of text, in the user defaults under the setting's key; an empty one leaves them.
+struct DefaultsText {
+    enum class Form {
+        line,
+        paths, // kept as an array, typed with ":" between them
+    };
+    const char* example = nullptr; // shown while it is empty; not translated
+    Form form = Form::line;
+};
+
+// One of a few numbers, in the user defaults under the setting's key.
+struct DefaultsNumber {
+    std::span<const double> options;
+    double whenAbsent;
+    QString (*title)(double);
+};
+
 struct SettingOption {
     QString raw;
     QString title;
@@ -69,8 +86,8 @@ struct ComboSetting {
 struct TermsSetting {};
 struct AliasesSetting {};
 
-using SettingBinding = std::variant<SwitchSetting, DefaultsSwitch, ChoiceSetting, ComboSetting,
-                                    TermsSetting, AliasesSetting>;
+using SettingBinding = std::variant<SwitchSetting, DefaultsSwitch, DefaultsText, DefaultsNumber,
+                                    ChoiceSetting, ComboSetting, TermsSetting, AliasesSetting>;
 
 struct Setting {
     const char* key = nullptr; // in the configuration document, or in the user defaults ("sk.…")

@@ -2361,6 +2361,66 @@
         <source>Version, a random number for this installation, your language, how far the first steps got, and whether a spoken jump hit. Never names or texts.</source>
         <translation>Version, eine Zufallszahl für diese Installation, deine Sprache, wie weit die ersten Schritte kamen und ob ein gesprochener Sprung traf. Nie Namen oder Texte.</translation>
     </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Pictures of windows</source>
+        <translation>Bilder der Fenster</translation>
+    </message>
+    <message>
+        <source>The bar shows what is in each window. Pictures stay in memory; switched off, none is taken.</source>
+        <translation>Die Leiste zeigt, was in jedem Fenster ist. Bilder bleiben im Speicher; ausgeschaltet wird keines gemacht.</translation>
+    </message>
+    <message>
+        <source>Language model</source>
+        <translation>Sprachmodell</translation>
+    </message>
+    <message>
+        <source>The address of a server on this computer that is asked what a phrase means (llama.cpp, Ollama). Empty: none is asked.</source>
+        <translation>Die Adresse eines Servers auf diesem Rechner, der gefragt wird, was ein Satz bedeutet (llama.cpp, Ollama). Leer: Es wird keiner gefragt.</translation>
+    </message>
+    <message>
+        <source>Name of the model</source>
+        <translation>Name des Modells</translation>
+    </message>
+    <message>
+        <source>For servers that have several.</source>
+        <translation>Für Server, die mehrere haben.</translation>
+    </message>
+    <message>
+        <source>Patience with the model</source>
+        <translation>Geduld mit dem Modell</translation>
+    </message>
+    <message>
+        <source>After this long a phrase is understood without it.</source>
+        <translation>Nach dieser Zeit wird ein Satz ohne das Modell verstanden.</translation>
+    </message>
+    <message>
+        <source>Always ask the model</source>
+        <translation>Immer das Modell fragen</translation>
+    </message>
+    <message>
+        <source>Also about phrases whose meaning is plain.</source>
+        <translation>Auch bei Sätzen, deren Bedeutung klar ist.</translation>
+    </message>
+    <message>
+        <source>A model on another computer</source>
+        <translation>Ein Modell auf einem anderen Rechner</translation>
+    </message>
+    <message>
+        <source>What you say is sent there. Off: only this computer is ever asked.</source>
+        <translation>Was du sagst, wird dorthin geschickt. Aus: Gefragt wird nur dieser Rechner.</translation>
+    </message>
+    <message>
+        <source>Folders with contacts</source>
+        <translation>Ordner mit Kontakten</translation>
+    </message>
+    <message>
+        <source>Folders of vCard files besides the usual ones, with : between them.</source>
+        <translation>Ordner mit vCard-Dateien außer den üblichen, mit : dazwischen.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsScreen</name>
@@ -2574,13 +2634,6 @@
     <message>
         <source>Most used</source>
         <translation>Am häufigsten</translation>
-    </message>
-</context>
-<context>
-    <name>skipnest::ui::SwitcherBarModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Ohne Titel</translation>
     </message>
 </context>
 <context>
@@ -2875,6 +2928,14 @@
     <message>
         <source>Tabs of %1</source>
         <translation>Tabs von %1</translation>
+    </message>
+    <message>
+        <source>Language model</source>
+        <translation>Sprachmodell</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Kontakte</translation>
     </message>
 </context>
 <context>
@@ -3562,6 +3623,13 @@
     <message>
         <source>The link is on the clipboard.</source>
         <translation>Der Link liegt in der Zwischenablage.</translation>
+    </message>
+</context>
+<context>
+    <name>skipnest::ui::SwitcherBarModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
     </message>
 </context>
 <context>
