@@ -127,9 +127,16 @@ private:
         while (at_ < word_.size() && isVowel(word_[at_]))
             ++at_;
         // Silent in English, and hardly heard in German.
-        const bool isFinalE = at_ == word_.size() && begin != 0 && word_.substr(begin) == U"e";
-        if (isFinalE)
+        const View rest = word_.substr(begin);
+        if (begin != 0 && rest == U"e")
             return;
+        // Unstressed, in German and much of English, these are one short "a": "Kalender" and
+        // "calendar", "Figma" and "figmer".
+        if (hasVowel_ && (rest == U"er" || rest == U"ar" || rest == U"or")) {
+            at_ = word_.size();
+            return append(key, U'A');
+        }
+        hasVowel_ = true;
         const View run = word_.substr(begin, at_ - begin);
         const auto colour = std::ranges::find_if(
             vowels, [run](const Vowels& row) { return run.starts_with(row.written); });
@@ -161,6 +168,7 @@ private:
 
     View word_;
     std::size_t at_ = 0;
+    bool hasVowel_ = false;
     char32_t last_ = 0; // doubled letters are one sound
 };
 
