@@ -20,6 +20,7 @@ ExitStatus runParse(const Arguments& arguments, const Context& context);
 ExitStatus runUnderstand(const Arguments& arguments, const Context& context);
 ExitStatus runRoute(const Arguments& arguments, const Context& context);
 ExitStatus runRank(const Arguments& arguments, const Context& context);
+ExitStatus runIntent(const Arguments& arguments, const Context& context);
 ExitStatus runReplay(const Arguments& arguments, const Context& context);
 
 // What browsers need to be connected: writes into the person's own folders.
