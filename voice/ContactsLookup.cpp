@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/ContactsLookup.h"
 
-#include "voice/EditDistance.h"
 #include "voice/FoldedText.h"
 #include "voice/PhoneNumber.h"
 #include "voice/PhoneticKey.h"
@@ -138,28 +137,24 @@ ContactsLookup::Entry ContactsLookup::entryOf(const Contact& contact) const {
 }
 
 std::optional<ContactsLookup::Closeness>
-ContactsLookup::closeness(const std::vector<NameWord>& spoken, const Entry& entry) {
-    const auto equal = [](const NameWord& said, const NameWord& word) {
-        return said.plain == word.plain || said.spelled == word.spelled ||
-               said.plain == word.spelled || said.spelled == word.plain;
+ContactsLookup::closeness(const std::vector<SaidWord>& spoken, const Entry& entry) {
+    const auto equal = [](const SaidWord& said, const NameWord& word) {
+        return said.word.plain == word.plain || said.word.spelled == word.spelled ||
+               said.word.plain == word.spelled || said.word.spelled == word.plain;
     };
     // Two letters begin half of all names.
-    const auto begins = [&](const NameWord& said, const NameWord& word) {
+    const auto begins = [&](const SaidWord& said, const NameWord& word) {
         return equal(said, word) ||
-               (said.plain.size() >= 3 &&
-                (word.plain.starts_with(said.plain) || word.spelled.starts_with(said.spelled)));
+               (said.word.plain.size() >= 3 && (word.plain.starts_with(said.word.plain) ||
+                                                word.spelled.starts_with(said.word.spelled)));
     };
     // A key alone would let "Kai" be "Guy": some letters must be right too, as in "Meier" and
     // "Mayr".
-    const auto sounds = [&](const NameWord& said, const NameWord& word) {
-        if (equal(said, word))
-            return true;
-        const std::size_t longer = std::max(said.plain.size(), word.plain.size());
-        if (longer < 3)
-            return false;
-        const bool soundsSame = !said.sound.empty() && said.sound == word.sound;
+    const auto sounds = [&](const SaidWord& said, const NameWord& word) {
+        const std::size_t longer = std::max(said.word.plain.size(), word.plain.size());
+        const bool soundsSame = !said.word.sound.empty() && said.word.sound == word.sound;
         const std::size_t most = mostDistance(soundsSame ? 0.35 : 0.8, longer);
-        return EditDistance(said.plain).to(word.plain, most) <= most;
+        return equal(said, word) || (longer >= 3 && said.distance.to(word.plain, most) <= most);
     };
     for (const auto& name : entry.whole) {
         if (std::ranges::equal(spoken, name, equal))
@@ -168,7 +163,7 @@ ContactsLookup::closeness(const std::vector<NameWord>& spoken, const Entry& entr
     // Each spoken word is another word of the name. Names are short: the first that fits is taken.
     const auto all = [&](const auto& fits) {
         std::vector<bool> isTaken(entry.words.size());
-        return std::ranges::all_of(spoken, [&](const NameWord& said) {
+        return std::ranges::all_of(spoken, [&](const SaidWord& said) {
             for (std::size_t i = 0; i < entry.words.size(); ++i) {
                 if (!isTaken[i] && fits(said, entry.words[i])) {
                     isTaken[i] = true;
@@ -212,7 +207,9 @@ std::vector<ContactsLookup::Match> ContactsLookup::matches(const QString& spoken
     constexpr qsizetype longest = 200;
     constexpr std::size_t mostWords = 8;
     std::vector<Match> found;
-    const auto words = wordsIn(spoken.size() > longest ? QString() : spoken);
+    std::vector<SaidWord> words;
+    for (const NameWord& word : wordsIn(spoken.size() > longest ? QString() : spoken))
+        words.push_back({word, EditDistance(word.plain)});
     if (words.empty() || words.size() > mostWords)
         return found;
     for (const Entry& entry : entries_) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/ContactStore.h"
+#include "voice/EditDistance.h"
 
 #include <QString>
 
@@ -63,6 +64,10 @@ private:
         std::u32string spelled; // "ae" for "ä"
         std::u32string sound;
     };
+    struct SaidWord {
+        NameWord word;
+        EditDistance distance; // to other words, without accents
+    };
     struct Entry {
         Person person;
         std::vector<NameWord> words;              // of all its names
@@ -70,7 +75,7 @@ private:
     };
 
     [[nodiscard]] static std::vector<NameWord> wordsIn(const QString& name);
-    [[nodiscard]] static std::optional<Closeness> closeness(const std::vector<NameWord>& spoken,
+    [[nodiscard]] static std::optional<Closeness> closeness(const std::vector<SaidWord>& spoken,
                                                             const Entry& entry);
     [[nodiscard]] Entry entryOf(const platform::Contact& contact) const;
     void take(const std::vector<platform::Contact>& contacts);

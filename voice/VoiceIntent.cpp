@@ -236,7 +236,8 @@ ParsedIntent intentToSteps(const VoiceIntent& intent) {
     ParsedIntent result{.parsed = {.target = intent.target.trimmed(), .steps = {}},
                         .contact = intent.contact.trimmed(),
                         .message = intent.message.trimmed(),
-                        .space = intent.space >= 1 && intent.space <= 9 ? intent.space : 0};
+                        .space = intent.space >= 1 && intent.space <= 9 ? intent.space : 0,
+                        .source = ParsedIntent::Source::model};
     auto& steps = result.parsed.steps;
     const auto website = websiteNamed(intent.website.trimmed());
     if (website)

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace skipnest::voice {
 
 // What a language model made of a spoken phrase. Every field is there; empty, and 0, say that the
@@ -36,10 +38,14 @@ struct VoiceIntent {
 
 // A phrase as it was understood: a target, the steps to take there, and what is no step.
 struct ParsedIntent {
+    // Who took it apart: the keyword parser's tables also where a model failed.
+    enum class Source : std::uint8_t { tables, model };
+
     VoiceCommand::Parsed parsed;
     QString contact = {}; // for the messaging router, with the target
     QString message = {};
     int space = 0; // 1 to 9, else 0
+    Source source = Source::tables;
 
     bool operator==(const ParsedIntent&) const = default;
 };

@@ -68,6 +68,7 @@ TEST_F(IntentParserTest, theModelsIntentIsTheResultAndOneLineSaysSo) {
     model.setAnswerToAll(closing, 1400ms);
     const auto intent = understood(u"mach %2 das zu"_s);
     ASSERT_TRUE(intent);
+    EXPECT_EQ(intent->source, ParsedIntent::Source::model);
     EXPECT_THAT(intent->parsed.steps, ElementsAre(VoiceCommand::Step(
                                           VoiceCommand::Window{VoiceCommand::WinVerb::close})));
     EXPECT_THAT(journal.logLines(), ElementsAre("llm: 'mach %2 das zu' → target='' steps=1"));
