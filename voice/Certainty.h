@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "voice/TargetScorer.h"
 #include "voice/VoiceCommand.h"
 
 #include <QString>
@@ -14,13 +15,10 @@ struct TargetLead {
     std::optional<double> best;
     std::optional<double> runnerUp;
 
-    // A score that a whole name reaches, and nothing close behind it: such a target is jumped to
-    // without asking.
-    static constexpr double clearScore = 6.5;
-    static constexpr double closeRatio = 0.88; // of the best
-
+    // Such a target is jumped to without asking.
     [[nodiscard]] bool isClear() const {
-        return best && *best >= clearScore && (!runnerUp || *runnerUp < closeRatio * *best);
+        return best && *best >= TargetScorer::certainScore &&
+               (!runnerUp || *runnerUp < TargetScorer::clearLead * *best);
     }
 };
 
