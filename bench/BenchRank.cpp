@@ -4,6 +4,7 @@
 // each phrase; "true" shows what that costs by itself. Then what a person waits for: 2,000 targets,
 // and putting an index of a full desktop together.
 #include "bench/Bench.h"
+#include "bench/NameWords.h"
 #include "platform/sim/SimDesktop.h"
 #include "tests/voice/ReferenceScorer.h"
 #include "voice/InstalledInFolders.h"
@@ -27,17 +28,6 @@ using voice::ScoredTarget;
 using voice::TargetScorer;
 using voice::UseCounts;
 
-constexpr std::array words{
-    "Rechnung", "Angebot",   "Übersicht", "Protokoll",  "Vertrag",      "Bewerbung", "Lebenslauf",
-    "Urlaub",   "Grüße",     "Straße",    "Prüfung",    "Lösung",       "Anhang",    "Entwurf",
-    "report",   "invoice",   "meeting",   "notes",      "summary",      "draft",     "final",
-    "project",  "holiday",   "backup",    "screenshot", "photo",        "budget",    "schedule",
-    "main",     "test",      "index",     "config",     "server",       "client",    "parser",
-    "module",   "component", "template",  "document",   "presentation", "reference", "manual",
-    "Mueller",  "Schmidt",   "Anna",      "Jonas",      "Berlin",       "München",   "Köln",
-    "garden",   "kitchen",   "school",    "insurance",  "tax",          "music",     "recipe",
-    "camera",   "scan",      "letter",    "contract",   "warranty",     "travel",    "ticket",
-};
 constexpr std::array phrases{
     "rechnung müller", "budget report", "fotoshop", "meeting notes berlin", "screenshot",
     "dokumente",       "tax 2023",      "a",        "übersicht köln",       "nothing of it",
@@ -60,7 +50,8 @@ std::vector<JumpTarget> madeTargets(int count) {
     for (int i = 0; i < count; ++i) {
         QStringList title;
         for (std::size_t left = 1 + below(4); left > 0; --left)
-            title.append(below(3) == 0 ? madeUp() : QString::fromUtf8(words[below(words.size())]));
+            title.append(below(3) == 0 ? madeUp()
+                                       : QString::fromUtf8(nameWords[below(nameWords.size())]));
         if (below(3) == 0)
             title.append(QString::number(2000 + below(3000)));
         JumpTarget target{.title = title.join(u' '),

@@ -3,6 +3,7 @@
 // memory, how soon a cached index and a new file are there. plocate and fzf over the same names
 // beside it; both start a process for each question, which "true" shows by itself.
 #include "bench/Bench.h"
+#include "bench/NameWords.h"
 #include "bench/ProcessFigures.h"
 #include "platform/QtExecutor.h"
 #include "platform/QtScheduler.h"
@@ -31,18 +32,7 @@ using linuxdesktop::NameTableBuilder;
 using platform::FileQuery;
 using platform::IndexedFile;
 
-// Words of file names in the two languages, the parts that programs add, and what they end in.
-constexpr std::array words{
-    "Rechnung", "Angebot",   "Übersicht", "Protokoll",  "Vertrag",      "Bewerbung", "Lebenslauf",
-    "Urlaub",   "Grüße",     "Straße",    "Prüfung",    "Lösung",       "Anhang",    "Entwurf",
-    "report",   "invoice",   "meeting",   "notes",      "summary",      "draft",     "final",
-    "project",  "holiday",   "backup",    "screenshot", "photo",        "budget",    "schedule",
-    "main",     "test",      "index",     "config",     "server",       "client",    "parser",
-    "module",   "component", "template",  "document",   "presentation", "reference", "manual",
-    "Mueller",  "Schmidt",   "Anna",      "Jonas",      "Berlin",       "München",   "Köln",
-    "garden",   "kitchen",   "school",    "insurance",  "tax",          "music",     "recipe",
-    "camera",   "scan",      "letter",    "contract",   "warranty",     "travel",    "ticket",
-};
+// What programs add to the words of a name, and what it ends in.
 constexpr std::array ends{".pdf", ".docx", ".jpg", ".JPG", ".png", ".txt",  ".cpp", ".h",   ".md",
                           ".odt", ".xlsx", ".mp3", ".py",  ".js",  ".html", ".csv", ".svg", ".zip"};
 
@@ -64,7 +54,7 @@ std::vector<Made> makeNames(NameTableBuilder& builder, NameTableBuilder::Id arch
     std::vector<std::pair<NameTableBuilder::Id, std::string>> folders{{archive, "archive"}};
     for (int at = 0; at < count; ++at) {
         const bool isFolder = at % 12 == 0;
-        std::string name = pick(words);
+        std::string name = pick(nameWords);
         switch (random() % 5) {
         case 0:
             name = std::string("IMG_") + number(100000);
@@ -74,10 +64,10 @@ std::vector<Made> makeNames(NameTableBuilder& builder, NameTableBuilder::Id arch
             name += date();
             break;
         case 2:
-            name += ' ' + pick(words) + ' ' + number(3000);
+            name += ' ' + pick(nameWords) + ' ' + number(3000);
             break;
         case 3:
-            name += '-' + pick(words) + '-' + pick(words);
+            name += '-' + pick(nameWords) + '-' + pick(nameWords);
             break;
         case 4:
             name += number(500);
