@@ -188,6 +188,24 @@ TEST_F(AppWindowsTest, aWindowThatHasClosedIsNoOther) {
                             "raise verify: focused='Inbox — Notes' wanted='Inbox' → MISMATCH"));
 }
 
+// Between the pick of a minimised window and its raise.
+TEST_F(AppWindowsTest, anApplicationThatEndsWhileItsWindowComesBackIsLeftAlone) {
+    SimApp notes = twoWindows();
+    notes.windows[1].minimized = true;
+    const auto app = open(notes);
+    windows.raise(windows.list(app)[1].element, app, u"Inbox — Notes"_s);
+    desk.advance(100ms);
+    desk.quitApp(u"Notes"_s);
+    desk.journal().clear();
+    desk.advance(1s);
+    EXPECT_THAT(desk.journal().logLines(),
+                ElementsAre("raise 'Inbox — Notes': main=-25202 focus=-25202 raise=-25202 "
+                            "front=-25202",
+                            "raise verify: focused='' wanted='Inbox — Notes' → MISMATCH"));
+    EXPECT_THAT(desk.journal().calls(),
+                testing::Not(testing::Contains(testing::StartsWith("openApplication"))));
+}
+
 TEST_F(AppWindowsTest, stepsOfARaiseEndWithTheirOwner) {
     const auto app = open(twoWindows());
     {

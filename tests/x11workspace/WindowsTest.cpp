@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/x11workspace/Desk.h"
 
+#include <algorithm>
+#include <iostream>
 #include <set>
 
 namespace skipnest::tests {
@@ -112,6 +114,56 @@ TEST_F(WindowsTest, ListsWhatWindowsSayOfThemselves) {
         EXPECT_GE(size->width(), 200) << name;
         EXPECT_GE(size->height(), 100) << name;
     }
+}
+
+TEST_F(WindowsTest, WhatNobodySwitchesToIsNotListed) {
+    ToyWindows toys;
+    for (const char* type : {"_NET_WM_WINDOW_TYPE_SPLASH", "_NET_WM_WINDOW_TYPE_DOCK",
+                             "_NET_WM_WINDOW_TYPE_DESKTOP", "_NET_WM_WINDOW_TYPE_NOTIFICATION"})
+        toys.show({.windowClass = "Toy", .type = type, .title = type});
+    const xcb_window_t window = toys.show({.windowClass = "Toy", .title = "window"});
+    // The window manager has taken on what came before it.
+    ASSERT_TRUE(waitFor([&] { return windowCount("Toy") > 0 && isInFront(window); }));
+    EXPECT_EQ(listed("Toy"), Elements{{window}});
+}
+
+// As many as a person who never closes anything has, listed as the bar does it. openbox takes long
+// to manage that many.
+TEST_F(WindowsTest, HundredsAreListedWithoutAQuestionEach) {
+    const std::size_t count = QLatin1String(WINDOW_MANAGER) == "openbox"_L1 ? 100 : 500;
+    ToyWindows toys;
+    for (std::size_t i = 1; i <= count; ++i) {
+        toys.show({.windowClass = "Toy", .title = "window " + QByteArray::number(qulonglong(i))});
+        if (i % 50 == 0) { // window managers take their time
+            ASSERT_TRUE(waitFor([&] { return windowCount("Toy") == i; }));
+        }
+    }
+    const auto timed = [this](const auto& work) {
+        const platform::Instant before = scheduler.now();
+        work();
+        return std::chrono::duration<double, std::milli>(scheduler.now() - before).count();
+    };
+    std::vector<double> listing;
+    std::set<QString> titles;
+    for (int round = 0; round < 9; ++round)
+        listing.push_back(timed([&] {
+            titles.clear();
+            for (const AccessibilityElement& window : listed("Toy")) {
+                (void)read<QString>(window, u"AXSubrole"_s);
+                (void)read<QPointF>(window, u"AXPosition"_s);
+                (void)read<QSizeF>(window, u"AXSize"_s);
+                titles.insert(read<QString>(window, u"AXTitle"_s).value_or(QString()));
+            }
+        }));
+    std::ranges::sort(listing);
+    const double one = timed([&] {
+        xcb_connection_t* connection = display->connection();
+        const linuxdesktop::XcbPtr<xcb_get_input_focus_reply_t> reply(
+            xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    });
+    std::cout << count << " windows listed with all that is shown of them: median " << listing[4]
+              << " ms, most " << listing.back() << " ms; one round trip: " << one << " ms\n";
+    EXPECT_EQ(titles.size(), count);
 }
 
 TEST_F(WindowsTest, ListsTheMostRecentFirstAndFollowsTheFocus) {
