@@ -66,8 +66,7 @@ struct Services {
           http(scheduler, executor, app.version), languageModel(http, defaults, scheduler),
           contacts(executor, defaults,
                    {app.home, baseFolder(environment, "XDG_CONFIG_HOME", app.home, "/.config"),
-                    baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share")}),
-          screenCapture(scheduler, {}) {}
+                    baseFolder(environment, "XDG_DATA_HOME", app.home, "/.local/share")}) {}
 
     platform::QtScheduler scheduler;
     platform::QtExecutor executor;
@@ -86,8 +85,6 @@ struct Services {
     platform::EndpointLanguageModel languageModel;
     LinuxContactStore contacts;
     std::unique_ptr<platform::CrashCapture> crashCapture = makeCrashCapture();
-    platform::UnavailableScreenCapture screenCapture;
-    platform::UnavailablePointerEvents pointer;
 };
 
 // What a session with or without X has on the screen and in its settings. `display` and `keymap`
@@ -206,7 +203,9 @@ public:
                      services_.scheduler, services_.executor),
           tabs_(services_.scheduler, app.runtimeFolder), scripts_(session, tabs_),
           browserExtensions_(services_.files, app, QProcessEnvironment::systemEnvironment(), tabs_),
-          accessibility_(scripts_.availability()), keyboardCapture_(session, services_.scheduler),
+          accessibility_(scripts_.availability()),
+          screenCapture_(services_.scheduler, scripts_.availability()),
+          keyboardCapture_(session, services_.scheduler),
           desktop_(services_, app, QProcessEnvironment::systemEnvironment(), entries_, nullptr,
                    nullptr),
           ports_{app,
@@ -240,8 +239,8 @@ public:
                  services_.http,
                  *services_.crashCapture,
                  accessibility_,
-                 services_.screenCapture,
-                 services_.pointer,
+                 screenCapture_,
+                 pointer_,
                  browserExtensions_,
                  services_.languageModel,
                  services_.contacts} {}
@@ -268,6 +267,8 @@ private:
     HeadlessScripts scripts_;
     LinuxBrowserExtensions browserExtensions_;
     platform::UnavailableAccessibility accessibility_;
+    platform::UnavailableScreenCapture screenCapture_;
+    platform::UnavailablePointerEvents pointer_;
     WindowKeyboardCapture keyboardCapture_;
     DesktopServices desktop_;
     platform::Ports ports_;
