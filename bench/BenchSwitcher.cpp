@@ -72,6 +72,8 @@ public:
         }
         for (int round = 0; round < std::min(rounds, 30); ++round)
             measureComplete(complete);
+        const QJsonArray repeated = repeat(cycles);
+        // Last: the end of its desktop ends what was started on ours, too.
         const Series menu = measureMenu(std::min(rounds, 30), windows);
         if (!wantsJson())
             std::printf("%d windows; focus taken from the application: %d times\n", windows,
@@ -83,8 +85,7 @@ public:
                         "the menu is a process a press.\n");
         QJsonObject result = toJson({painted, complete, menu, bare, chosen});
         result.insert(QStringLiteral("focusTaken"), focusTaken_);
-        if (cycles > 0)
-            result.insert(QStringLiteral("cycles"), repeat(cycles));
+        result.insert(QStringLiteral("cycles"), repeated);
         printJson(result);
         return 0;
     }

@@ -2,6 +2,7 @@
 #include "tests/ui/SwitcherScene.h"
 
 #include "platform/UserDefaults.h"
+#include "ui/Theme.h"
 #include "ui/switcher/BarLayout.h"
 #include "ui/switcher/MarkedMatch.h"
 #include "ui/switcher/SwitcherBarModel.h"
@@ -289,6 +290,21 @@ TEST_F(Bar, standsStillAtItsTopWhileItIsInView) {
     scene_->hide();
     scene_->show(test::browserSession(3));
     EXPECT_EQ(scene_->view().y(), top) << "where the session before left it";
+}
+
+TEST_F(Bar, marksTheChosenOneWhereverItIs) {
+    auto content = test::tabSession(140);
+    scene_->show(content);
+    const QColor ring = ui::palette(stage_.list().theme()).accent;
+    for (const int selected : {70, 139, 3}) {
+        content.selTab = selected;
+        scene_->set(content);
+        const QImage picture = stage_.picture(scene_->view());
+        const QQuickItem& chip = item(u"chip%1"_s.arg(selected));
+        const QPointF edge = chip.mapToScene(QPointF(chip.width() / 2, 4));
+        EXPECT_EQ(picture.pixelColor((edge * picture.devicePixelRatio()).toPoint()), ring)
+            << selected;
+    }
 }
 
 } // namespace

@@ -23,6 +23,8 @@ GridView {
     keyNavigationEnabled: false
     model: bar.tabs
     currentIndex: bar.selectedTab
+    // A highlight that need not move takes the view along only where both are near.
+    onCurrentIndexChanged: positionViewAtIndex(currentIndex, GridView.Contain)
     highlightMoveDuration: Theme.moves && bar.settled && visible ? 110 : 0
     highlight: SelectionRing {
         gap: 8

@@ -16,6 +16,8 @@ ListView {
     keyNavigationEnabled: false
     model: bar.results
     currentIndex: bar.selectedResult
+    // A highlight that need not move takes the view along only where both are near.
+    onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
     highlightMoveDuration: Theme.moves && bar.settled && visible ? 90 : 0
     highlightResizeDuration: 0
     highlight: SelectionRing {

@@ -22,6 +22,8 @@ GridView {
     keyNavigationEnabled: false
     model: bar.windows
     currentIndex: bar.selectedWindow
+    // A highlight that need not move takes the view along only where both are near.
+    onCurrentIndexChanged: positionViewAtIndex(currentIndex, GridView.Contain)
     highlightMoveDuration: Theme.moves && bar.settled && visible ? 110 : 0
     highlight: SelectionRing {
         gap: 12
