@@ -122,7 +122,7 @@ TEST(HeadlessPortsTest, everyRequestIsRefusedAndTheReasonFitsTheSession) {
             EXPECT_NE(answer.status, 0);
             EXPECT_FALSE(answer.grab);
         }
-        const platform::QtScheduler clock;
+        platform::QtScheduler clock;
         ExtensionTabs tabs(clock, QString());
         HeadlessScripts scripts(session, tabs);
         EXPECT_TRUE(std::holds_alternative<platform::ScriptError>(scripts.run({}, {})));
