@@ -350,11 +350,14 @@ void WindowSwitcher::activate(const Target& target, const App& app, const std::v
     if (const auto* tab = std::get_if<TabRef>(&target))
         return tabs_.activate(tab->browserTab(), app);
     const Win& win = wins[std::get<WindowTarget>(target).window];
+    const TabRef* tab = win.activeTab();
     if (win.element) {
-        // What the window is called on the desktop: a browser's is longer than its tab's.
-        return windows_.raise(win.element, app, windows_.title(win.element).value_or(win.title));
+        // What the window is called on the desktop: a browser's is longer than its tab's. Of others
+        // it is what was listed; asking now would wait for the bar to be gone from the screen.
+        const auto full = tab != nullptr ? windows_.title(win.element) : std::nullopt;
+        return windows_.raise(win.element, app, full.value_or(win.title));
     }
-    if (const TabRef* tab = win.activeTab())
+    if (tab != nullptr)
         return tabs_.activate(tab->browserTab(), app);
     (void)windows_.menuRaise(app, win.title);
 }

@@ -25,6 +25,10 @@ constexpr QSize smallestKept(240, 150), largestKept(672, 420);
 // Some 57 of the largest. Beyond that the oldest go.
 constexpr qsizetype keptBytes = qsizetype{64} << 20;
 
+// Whoever asks has just come up to show the pictures, and is drawn first: looking at all windows
+// would hold that up by some milliseconds.
+constexpr platform::Duration firstFrame = std::chrono::milliseconds(16);
+
 QRectF inScreens(const QRect& native) {
     std::vector<ScaledScreen> screens;
     for (const QScreen* screen : QGuiApplication::screens())
@@ -109,17 +113,19 @@ void X11ScreenCapture::follow() {
 }
 
 ScreenCaptureRun X11ScreenCapture::listWindows(Listed listed) {
-    auto wanted = std::make_shared<bool>(true);
-    scheduler_.post([this, alive = std::weak_ptr(alive_), listed = std::move(listed), wanted] {
-        if (alive.expired() || !*wanted)
-            return;
-        if (redirected_)
-            listed(list());
-        else
-            listed(Failure{Failure::Kind::unavailable,
-                           QStringLiteral("pictures of windows are switched off")});
-    });
-    return ScreenCaptureRun([wanted] { *wanted = false; });
+    auto timer = std::make_shared<platform::Timer>();
+    *timer = scheduler_.after(
+        firstFrame, "list of pictures",
+        [this, alive = std::weak_ptr(alive_), listed = std::move(listed)] {
+            if (alive.expired())
+                return;
+            if (redirected_)
+                listed(list());
+            else
+                listed(Failure{Failure::Kind::unavailable,
+                               QStringLiteral("pictures of windows are switched off")});
+        });
+    return ScreenCaptureRun([timer] { timer->reset(); });
 }
 
 std::vector<CapturableWindow> X11ScreenCapture::list() {
