@@ -209,7 +209,7 @@ TEST_F(WindowsTest, RaisesFromAnyDesktopAndOutOfAnyIconAndNoOther) {
         EXPECT_EQ(raise({older}, pid("FixtureOne")), std::set<int>{0});
         EXPECT_TRUE(waitFor([&] { return isInFront(older); })) << desktop << minimised;
         ASSERT_TRUE(waitFor([&] { return ports->windows.currentDesktop() == unsigned(desktop); }));
-        EXPECT_EQ(read<bool>({older}, u"AXMinimized"_s), false);
+        EXPECT_TRUE(waitFor([&] { return read<bool>({older}, u"AXMinimized"_s) == false; }));
         // No request that is still under way brings the other one back.
         bool settled = false;
         const platform::Timer wait =
