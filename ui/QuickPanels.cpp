@@ -116,8 +116,8 @@ platform::Observation QuickPanels::observePopoverHidden(std::function<void()> hi
 
 void QuickPanels::createSwitcherBar() {
     createEngine();
-    switcherBar_ =
-        std::make_unique<SwitcherBarWindow>(*engine_, *switcherModel_, agent_->ports().executor);
+    switcherBar_ = std::make_unique<SwitcherBarWindow>(
+        *engine_, *switcherModel_, agent_->ports().executor, agent_->ports().scheduler);
 }
 
 void QuickPanels::showSwitcherBar(const QRect& available) {

@@ -183,6 +183,7 @@ void SwitcherScene::set(const Content& content) {
 
 void SwitcherScene::hide() {
     stage_.panels().hideSwitcherBar();
+    stage_.desk().advance(std::chrono::milliseconds(10)); // it leaves the screen a moment later
     stage_.settle();
 }
 

@@ -13,6 +13,10 @@
 namespace skipnest::ui {
 namespace {
 
+// The server paints what was below the bar before it does anything else, over 20 windows for some
+// milliseconds. The window manager's turn comes first: it has a window to bring to the front.
+constexpr platform::Duration leaving = std::chrono::milliseconds(4);
+
 // Without a compositor a window is either there or not: its corners are cut out pixel by pixel.
 QRegion rounded(const QSize& size, int radius) {
     QRegion region(QRect({}, size).adjusted(0, radius, 0, -radius));
@@ -30,8 +34,9 @@ QRegion rounded(const QSize& size, int radius) {
 } // namespace
 
 SwitcherBarWindow::SwitcherBarWindow(QQmlEngine& engine, switcher::SwitcherModel& model,
-                                     platform::Executor& executor)
-    : model_(model, executor), view_(std::make_unique<QQuickView>(&engine, nullptr)) {
+                                     platform::Executor& executor, platform::Scheduler& scheduler)
+    : model_(model, executor), view_(std::make_unique<QQuickView>(&engine, nullptr)),
+      scheduler_(scheduler) {
     view_->setTitle(QStringLiteral("Skipnest"));
     view_->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                     Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint);
@@ -51,6 +56,7 @@ SwitcherBarWindow::SwitcherBarWindow(QQmlEngine& engine, switcher::SwitcherModel
 SwitcherBarWindow::~SwitcherBarWindow() = default;
 
 void SwitcherBarWindow::show(const QRect& area) {
+    leaving_.reset();
     const QScreen* screen = QGuiApplication::screenAt(area.center());
     model_.show(area, screen != nullptr ? screen->devicePixelRatio() : view_->devicePixelRatio());
     view_->show();
@@ -58,8 +64,8 @@ void SwitcherBarWindow::show(const QRect& area) {
 }
 
 void SwitcherBarWindow::hide() {
-    view_->hide();
     model_.hide();
+    leaving_ = scheduler_.after(leaving, "bar leaves", [this] { view_->hide(); });
 }
 
 void SwitcherBarWindow::place() {

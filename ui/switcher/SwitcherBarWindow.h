@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/Scheduler.h"
 #include "ui/switcher/SwitcherBarModel.h"
 
 #include <memory>
@@ -17,10 +18,11 @@ class SwitcherBarWindow final : public QObject {
 public:
     // All of them must outlive this object.
     SwitcherBarWindow(QQmlEngine& engine, switcher::SwitcherModel& model,
-                      platform::Executor& executor);
+                      platform::Executor& executor, platform::Scheduler& scheduler);
     ~SwitcherBarWindow() override;
 
     void show(const QRect& area);
+    // Deaf and blind at once, off the screen a moment later.
     void hide();
 
     [[nodiscard]] QQuickView* view() const { return view_.get(); }
@@ -31,6 +33,8 @@ private:
 
     SwitcherBarModel model_;
     std::unique_ptr<QQuickView> view_;
+    platform::Scheduler& scheduler_;
+    platform::Timer leaving_;
 };
 
 } // namespace skipnest::ui
