@@ -187,7 +187,8 @@ private:
                 targets_[static_cast<std::size_t>(1000 + tab)].title);
         desk.scripts().setTabs(u"com.google.Chrome"_s, {.listing = platform::ScriptText{tabs}});
         voice::InstalledInFolders installed(desk.ports());
-        voice::TargetIndex index(desk.ports(), installed,
+        switcher::BrowserTabs browserTabs(desk.ports());
+        voice::TargetIndex index(desk.ports(), browserTabs, installed,
                                  {.home = desk.appInfo().home,
                                   .downloads = {},
                                   .documents = {},

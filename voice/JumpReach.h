@@ -17,7 +17,8 @@ namespace skipnest::voice {
 // What committing a target needs. Targets hold it together: a list may outlive the index that made
 // it.
 struct JumpReach {
-    explicit JumpReach(const platform::Ports& given) : ports(given), windows(given), tabs(given) {}
+    JumpReach(const platform::Ports& given, switcher::BrowserTabs& givenTabs)
+        : ports(given), windows(given), tabs(givenTabs) {}
 
     // A failure is logged.
     void open(const QString& path, JumpTarget::Kind kind);
@@ -26,7 +27,7 @@ struct JumpReach {
 
     platform::Ports ports;
     switcher::AppWindows windows;
-    switcher::BrowserTabs tabs;
+    switcher::BrowserTabs& tabs; // the program's one; outlives every list
     // In place of opening a shortcut's path.
     std::function<void(const model::ShortcutItem&)> shortcutJump;
 };

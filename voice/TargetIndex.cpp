@@ -36,10 +36,10 @@ struct TargetIndex::Run {
     bool hasWaited = false; // for a browser, longer than is right
 };
 
-TargetIndex::TargetIndex(const platform::Ports& ports, platform::InstalledApplications& installed,
-                         platform::HomeFolders folders)
+TargetIndex::TargetIndex(const platform::Ports& ports, switcher::BrowserTabs& tabs,
+                         platform::InstalledApplications& installed, platform::HomeFolders folders)
     : ports_(ports), installed_(installed), folders_(std::move(folders)),
-      reach_(std::make_shared<JumpReach>(ports)) {}
+      reach_(std::make_shared<JumpReach>(ports, tabs)) {}
 
 void TargetIndex::setShortcutJump(std::function<void(const ShortcutItem&)> jump) {
     reach_->shortcutJump = std::move(jump);

@@ -32,8 +32,9 @@ public:
     // browser that let us wait left alone.
     static constexpr platform::Duration windowsKept = std::chrono::seconds(60);
 
-    TargetIndex(const platform::Ports& ports, platform::InstalledApplications& installed,
-                platform::HomeFolders folders);
+    // `tabs` must outlive every list that is built.
+    TargetIndex(const platform::Ports& ports, switcher::BrowserTabs& tabs,
+                platform::InstalledApplications& installed, platform::HomeFolders folders);
 
     // What committing a target of a shortcut does; without it, its path is opened.
     void setShortcutJump(std::function<void(const model::ShortcutItem&)> jump);

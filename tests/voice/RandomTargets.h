@@ -64,7 +64,8 @@ private:
                 "Musik "
                 "Terminal files Firefox Chrome Slack Teams meeting Besprechung Steuererklärung "
                 "2024 "
-                "2025 v2 a of der die und 📄 👩‍💻 e\u0301te\u0301 été naïve שלום عقد Привет 東京 "
+                "2025 v2 a of der die und 📄 👩‍💻 e\u0301te\u0301 été naïve שלום عقد Привет "
+                "東京 "
                 "ﬁle İstanbul "
                 "Donaudampfschifffahrtsgesellschaftskapitänsmützenabzeichenverordnung--"
                 "Donaudampfschifffahrtsgesellschaft -- :: C++ x")

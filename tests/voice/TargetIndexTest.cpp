@@ -94,7 +94,8 @@ protected:
 
     sim::SimDesktop desk;
     InstalledInFolders installed{desk.ports()};
-    TargetIndex index{desk.ports(), installed, folders()};
+    switcher::BrowserTabs tabs{desk.ports()};
+    TargetIndex index{desk.ports(), tabs, installed, folders()};
     std::vector<std::shared_ptr<const TargetList>> lists;
 };
 
@@ -203,7 +204,7 @@ TEST_F(TargetIndexTest, aReplacedBuildIsNotToldOf) {
     desk.runPosted();
     EXPECT_EQ(told, 0);
     {
-        TargetIndex passing(desk.ports(), installed, folders());
+        TargetIndex passing(desk.ports(), tabs, installed, folders());
         passing.build({}, [&told](const auto&) { ++told; });
     }
     desk.runPosted();

@@ -13,8 +13,8 @@ using Nodes = std::vector<AtspiNode>;
 constexpr std::u16string_view windowMenuTitles[] = {
     u"window",   u"windows",  u"fenster",  u"fenêtre", u"fenêtres", u"ventana",
     u"ventanas", u"finestra", u"finestre", u"janela",  u"janelas",  u"venster",
-    u"vensters", u"okno",     u"okna",     u"fönster", u"vindue",
-    u"vindu",    u"vinduer",  u"ikkuna",   u"ikkunat", u"окно",     u"окна",
+    u"vensters", u"okno",     u"okna",     u"fönster", u"vindue",   u"vindu",
+    u"vinduer",  u"ikkuna",   u"ikkunat",  u"окно",    u"окна",
 };
 
 // Menu bars are at most this far below their window, behind boxes that only lay out.
